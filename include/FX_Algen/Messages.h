@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace FX_Algen::store {
+
+/// Buttons and symbols of a box, as hosts know them.
+enum class Buttons : std::uint8_t { Ok, OkCancel, YesNo, YesNoCancel };
+enum class Symbol : std::uint8_t { None, Information, Question, Exclamation, Critical };
+enum class Answer : std::uint8_t { Ok, Cancel, Yes, No };
+
+/// What routines without windows need of a person: boxes, the busy pointer, the progress form.
+class Messages {
+public:
+    virtual ~Messages() = default;
+
+    /// Shows a box and waits for the answer.
+    virtual Answer Box(std::string_view title, std::string_view text, Buttons buttons = Buttons::Ok,
+                       Symbol symbol = Symbol::None) = 0;
+    /// Busy pointer on or off.
+    virtual void Busy(bool on) = 0;
+    /// The progress form: shown at a place inside the host's form, drawn, taken away.
+    virtual void ProgressShow(std::int32_t hostWindow, float left, float top, float width, float height) = 0;
+    virtual void ProgressDraw(std::int16_t percent, std::string_view text) = 0;
+    virtual void ProgressHide(std::int32_t hostWindow) = 0;
+};
+
+/// One box as it was shown.
+struct ShownBox {
+    std::string Title;
+    std::string Text;
+    Buttons ButtonsShown = Buttons::Ok;
+    Symbol SymbolShown = Symbol::None;
+    Answer Given = Answer::Ok;
+};
+
+/// The port that serves where no host installed one: it records what was shown, the last `Limit` boxes,
+/// and answers questions from a list given beforehand, else by their safest answer (No, Cancel, OK).
+class RecordingMessages : public Messages {
+public:
+    static constexpr std::size_t Limit = 10000;
+
+    Answer Box(std::string_view title, std::string_view text, Buttons buttons, Symbol symbol) override;
+    void Busy(bool on) override { busy_ = on; }
+    void ProgressShow(std::int32_t, float, float, float, float) override {}
+    void ProgressDraw(std::int16_t, std::string_view) override {}
+    void ProgressHide(std::int32_t) override {}
+
+    /// Answers for the coming questions, in order; boxes with OK alone take none of them.
+    void SetAnswers(std::vector<Answer> answers);
+    /// What was shown since the last call.
+    std::vector<ShownBox> TakeShown();
+    bool IsBusy() const noexcept { return busy_; }
+
+private:
+    std::vector<Answer> answers_;
+    std::vector<ShownBox> shown_;
+    bool busy_ = false;
+};
+
+}  // namespace FX_Algen::store

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "store/Engine.h"
+#include "store/dialect/Catalogue.h"
+
+namespace FX_Algen::store {
+
+/// One open database file with its catalogue and its statement cache; all handles on one path share it.
+/// The class itself is known to the gateway's own files only; what other parts of the library need of it
+/// stands here.
+class Connection;
+
+/// The connection for `path` that the thread has open already, or a new one. Checks the layout version.
+std::shared_ptr<Connection> OpenConnection(const std::string& path);
+Engine& EngineOf(Connection& connection);
+const dialect::Catalogue& CatalogueOf(Connection& connection);
+const std::string& PathOf(const Connection& connection);
+/// To be called after tables were created, altered or dropped behind the gateway's back.
+void SchemaChanged(Connection& connection);
+
+/// A nested unit of changes that is undone when it goes out of scope, unless `Keep` was called. The module's
+/// own routines use none; explanations and loading do.
+class Savepoint {
+public:
+    explicit Savepoint(std::shared_ptr<Connection> connection);
+    ~Savepoint();
+    Savepoint(const Savepoint&) = delete;
+    Savepoint& operator=(const Savepoint&) = delete;
+    void Keep();
+
+private:
+    std::shared_ptr<Connection> connection_;
+    std::string name_;
+    bool open_ = true;
+};
+
+}  // namespace FX_Algen::store

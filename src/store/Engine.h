@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "FX_Algen/Value.h"
+
+namespace FX_Algen::store {
+
+/// One prepared statement of the engine. Positions of parameters and columns count from 0.
+class EngineStatement {
+public:
+    virtual ~EngineStatement() = default;
+    virtual void Bind(std::size_t index, const Value& value) = 0;
+    virtual void BindNull(std::size_t index) = 0;
+    virtual void BindInteger(std::size_t index, std::int64_t value) = 0;
+    virtual void BindReal(std::size_t index, double value) = 0;
+    /// `text` must live until the next Reset.
+    virtual void BindText(std::size_t index, std::string_view text) = 0;
+    /// Goes to the next row; false at the end. Failures are `Error` (3022, 3200, those of functions, …).
+    virtual bool Step() = 0;
+    /// Ready to be bound and stepped again; bindings are dropped.
+    virtual void Reset() noexcept = 0;
+
+    virtual std::size_t ColumnCount() const = 0;
+    virtual bool IsNull(std::size_t column) const = 0;
+    virtual std::int64_t Integer(std::size_t column) const = 0;
+    virtual double Real(std::size_t column) const = 0;
+    virtual std::string_view Text(std::size_t column) const = 0;  ///< valid until the next Step or Reset
+    /// The column of the current row as a value of `kind`; Kind::Null: as the engine holds it.
+    virtual Value Column(std::size_t column, Kind kind) const = 0;
+};
+
+/// The port to the embedded engine: one open database file, statements in the engine's own language.
+class Engine {
+public:
+    virtual ~Engine() = default;
+    virtual std::unique_ptr<EngineStatement> Prepare(std::string_view sql) = 0;
+    /// Runs statements that give no rows and take no parameters, separated by ";".
+    virtual void Run(const std::string& sql) = 0;
+    /// Rows changed by the last statement, triggers and cascades not counted.
+    virtual std::int64_t Changes() const = 0;
+    /// Row identity of the last insert.
+    virtual std::int64_t LastRowId() const = 0;
+    /// What the next changes must survive: a power failure (true) or a crash of the program (false).
+    virtual void Durable(bool powerFailure) = 0;
+    virtual bool InTransaction() const = 0;
+};
+
+/// Opens the file at `path`. 53 if it does not exist and `create` is false, 3343 if it is no database.
+std::unique_ptr<Engine> OpenEngine(const std::string& path, bool create);
+
+}  // namespace FX_Algen::store

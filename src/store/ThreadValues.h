@@ -1,0 +1,30 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "FX_Algen/Messages.h"
+
+namespace FX_Algen::store {
+
+/// Values that exist once for each host thread, together in one place.
+struct ThreadValues {
+    /// Taxa per water-quality class I, I-II, II, II-III, III, III-IV, IV; see `Gueteklasse_Zaehlen`.
+    std::array<std::int16_t, 7> GueteklasseAnzahl{};
+    /// Whether the catalogue may be edited; the catalogue windows read it.
+    bool KatalogEdit = false;
+    /// The host's current settings path.
+    std::string RegistryPfad;
+    /// The port to a person; the recording one until a host installs its own.
+    std::shared_ptr<Messages> Port;
+};
+
+/// The calling thread's values.
+ThreadValues& Thread();
+
+/// The calling thread's port to a person.
+Messages& Port();
+
+}  // namespace FX_Algen::store
