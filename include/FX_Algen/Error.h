@@ -8,7 +8,7 @@ namespace FX_Algen {
 
 /// Numbers of failed calls. A host branches on them, so they never change.
 namespace ErrorNumber {
-inline constexpr std::int32_t Overflow = 6;            ///< a value does not fit the integer or column it is put into
+inline constexpr std::int32_t Overflow = 6;  ///< a value does not fit the integer or column it is put into
 inline constexpr std::int32_t DivisionByZero = 11;     ///< division by zero inside a statement
 inline constexpr std::int32_t TypeMismatch = 13;       ///< a value of one kind where another is needed
 inline constexpr std::int32_t FileNotFound = 53;       ///< a database path that does not exist
@@ -21,9 +21,10 @@ inline constexpr std::int32_t DuplicateKey = 3022;     ///< a key or unique inde
 inline constexpr std::int32_t UnknownName = 3061;      ///< a name in a statement that no table in it has
 inline constexpr std::int32_t SyntaxError = 3075;      ///< a statement that cannot be read
 inline constexpr std::int32_t UnknownTable = 3078;     ///< a table or view that the database does not have
-inline constexpr std::int32_t RowIsReferredTo = 3200;  ///< a row that others refer to, or a reference to no row
-inline constexpr std::int32_t UnknownField = 3265;     ///< a field, table or other item not in a collection
-inline constexpr std::int32_t NotADatabase = 3343;     ///< not a database, or one of another layout version
+inline constexpr std::int32_t RowIsReferredTo =
+    3200;                                           ///< a row that others refer to, or a reference to no row
+inline constexpr std::int32_t UnknownField = 3265;  ///< a field, table or other item not in a collection
+inline constexpr std::int32_t NotADatabase = 3343;  ///< not a database, or one of another layout version
 }  // namespace ErrorNumber
 
 /// A failed call: what the host sees of any failure inside the module.

@@ -74,10 +74,10 @@ class TableDefs {
 public:
     void Refresh();  ///< reads the list anew
     std::size_t Count() const noexcept { return tables_.size(); }
-    TableDef& operator[](std::size_t index);       ///< 381 past the end
-    TableDef& operator[](std::string_view name);   ///< 3265 if there is none
-    void Append(TableDef& table);                  ///< creates the table; 13 without a field
-    void Delete(std::string_view name);            ///< 3265 if there is none
+    TableDef& operator[](std::size_t index);      ///< 381 past the end
+    TableDef& operator[](std::string_view name);  ///< 3265 if there is none
+    void Append(TableDef& table);                 ///< creates the table; 13 without a field
+    void Delete(std::string_view name);           ///< 3265 if there is none
 
 private:
     friend class Database;
@@ -128,10 +128,10 @@ using WorkspacePtr = std::shared_ptr<Workspace>;
 
 /// A column of an open result.
 struct ResultField {
-    std::string Name;                     ///< "Field", or "Table.Field" where one select names it twice
-    Kind Type = Kind::Null;               ///< Null where the statement does not tell
-    std::optional<std::string> Table;     ///< base table, where the column is one
-    std::optional<std::string> Column;    ///< column of that table
+    std::string Name;                   ///< "Field", or "Table.Field" where one select names it twice
+    Kind Type = Kind::Null;             ///< Null where the statement does not tell
+    std::optional<std::string> Table;   ///< base table, where the column is one
+    std::optional<std::string> Column;  ///< column of that table
 };
 
 /// An open result with a current row.

@@ -35,10 +35,10 @@ Value LiteralValue(const Literal& literal);
 /// One parameter of the translated statement, bound from a literal at each run.
 struct Binding {
     std::size_t LiteralIndex = 0;
-    bool Negate = false;              ///< the literal stood behind a minus sign
-    Kind ConvertTo = Kind::Null;      ///< convert as at a write into a column of this kind; Null = as it is
-    bool IsPattern = false;           ///< a LIKE pattern: check that its brackets close (3075)
-    bool DayOnly = false;             ///< (dates) bind the day alone
+    bool Negate = false;          ///< the literal stood behind a minus sign
+    Kind ConvertTo = Kind::Null;  ///< convert as at a write into a column of this kind; Null = as it is
+    bool IsPattern = false;       ///< a LIKE pattern: check that its brackets close (3075)
+    bool DayOnly = false;         ///< (dates) bind the day alone
 };
 
 /// A literal that is part of the translated text, so the translation holds for this value alone.
@@ -49,9 +49,10 @@ struct Pinned {
 
 /// A column of the result.
 struct ResultColumn {
-    std::string Name;                   ///< "Field", or "Table.Field" where the select names it twice
-    Kind Type = Kind::Null;             ///< Null where it cannot be told before a row is read
-    std::optional<std::string> Alias;   ///< alias of the source the column comes from, where it is a base column
+    std::string Name;        ///< "Field", or "Table.Field" where the select names it twice
+    Kind Type = Kind::Null;  ///< Null where it cannot be told before a row is read
+    std::optional<std::string>
+        Alias;  ///< alias of the source the column comes from, where it is a base column
     std::optional<std::string> Table;   ///< its base table
     std::optional<std::string> Column;  ///< its column there
 };
@@ -66,7 +67,7 @@ struct RowIdColumn {
 struct Translation {
     enum class Verb : std::uint8_t { Select, Insert, Update, Delete };
     Verb Is = Verb::Select;
-    std::string Sql;                          ///< for the engine, parameters ?1 … ?n in the order of `Bindings`
+    std::string Sql;  ///< for the engine, parameters ?1 … ?n in the order of `Bindings`
     std::vector<Binding> Bindings;
     std::vector<Pinned> Pins;
     std::vector<ResultColumn> Columns;        ///< of a SELECT

@@ -1,0 +1,2 @@
+// The commands are added to this library file by file.
+namespace FX_Algen {}

@@ -1,0 +1,56 @@
+#include "FX_Algen/Messages.h"
+
+#include <utility>
+
+namespace FX_Algen::store {
+
+namespace {
+
+bool Offers(Buttons buttons, Answer answer) {
+    switch (buttons) {
+        case Buttons::Ok:
+            return answer == Answer::Ok;
+        case Buttons::OkCancel:
+            return answer == Answer::Ok || answer == Answer::Cancel;
+        case Buttons::YesNo:
+            return answer == Answer::Yes || answer == Answer::No;
+        case Buttons::YesNoCancel:
+            return answer != Answer::Ok;
+    }
+    return false;
+}
+
+/// The answer that changes nothing.
+Answer Safest(Buttons buttons) {
+    switch (buttons) {
+        case Buttons::Ok:
+            return Answer::Ok;
+        case Buttons::YesNo:
+            return Answer::No;
+        case Buttons::OkCancel:
+        case Buttons::YesNoCancel:
+            break;
+    }
+    return Answer::Cancel;
+}
+
+}  // namespace
+
+Answer RecordingMessages::Box(std::string_view title, std::string_view text, Buttons buttons, Symbol symbol) {
+    auto answer = Safest(buttons);
+    if (buttons != Buttons::Ok && !answers_.empty()) {
+        // An answer that the box does not offer is used up all the same: the list runs in step with the
+        // questions.
+        if (Offers(buttons, answers_.front())) answer = answers_.front();
+        answers_.erase(answers_.begin());
+    }
+    if (shown_.size() == Limit) shown_.erase(shown_.begin());
+    shown_.push_back({std::string(title), std::string(text), buttons, symbol, answer});
+    return answer;
+}
+
+void RecordingMessages::SetAnswers(std::vector<Answer> answers) { answers_ = std::move(answers); }
+
+std::vector<ShownBox> RecordingMessages::TakeShown() { return std::exchange(shown_, {}); }
+
+}  // namespace FX_Algen::store
