@@ -1,0 +1,10 @@
+#include "fxalgen/Commands.h"
+
+namespace FX_Algen::cli {
+
+std::vector<std::unique_ptr<Command>> MakeCommands() {
+    std::vector<std::unique_ptr<Command>> commands;
+    return commands;
+}
+
+}  // namespace FX_Algen::cli

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "fxalgen/Command.h"
+
+namespace FX_Algen::cli {
+
+/// The commands in the order of the help, made anew for each call.
+std::vector<std::unique_ptr<Command>> MakeCommands();
+
+}  // namespace FX_Algen::cli
