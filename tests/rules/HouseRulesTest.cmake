@@ -1,0 +1,36 @@
+# Each rule is broken once in a tree of its own; the check must name the file and the reason.
+#   cmake -DRULES=<HouseRules.cmake> -DWORK_DIR=<scratch> -P HouseRulesTest.cmake
+set(failures 0)
+
+function(check_tree rule file content expected)
+    set(tree ${WORK_DIR}/${rule})
+    file(REMOVE_RECURSE ${tree})
+    file(WRITE ${tree}/${file} "${content}")
+    execute_process(COMMAND ${CMAKE_COMMAND} -DSOURCE_DIR=${tree} -P ${RULES}
+        RESULT_VARIABLE result OUTPUT_VARIABLE out ERROR_VARIABLE err)
+    set(said "${out}${err}")
+    # Long messages are wrapped at blanks.
+    string(REGEX REPLACE "[ \n]+" " " said "${said}")
+    if(expected STREQUAL "")
+        if(NOT result EQUAL 0)
+            message(SEND_ERROR "${rule}: should pass, but: ${said}")
+        endif()
+    elseif(result EQUAL 0 OR NOT said MATCHES "${expected}")
+        message(SEND_ERROR "${rule}: expected '${expected}', got ${result}: ${said}")
+    endif()
+endfunction()
+
+string(REPEAT "int x;\n" 701 long_text)
+string(REPEAT "int x;\n" 700 full_text)
+check_tree(engine_header src/calc/A.cpp "#include <sqlite3.h>\n" "src/calc/A.cpp: includes sqlite3.h")
+check_tree(engine_header_at_home src/store/sqlite/A.cpp "#include <sqlite3.h>\n" "")
+check_tree(toolkit src/controls/A.h "#  include <QWidget>\n" "src/controls/A.h: includes QWidget")
+check_tree(toolkit_at_home src/ui/A.h "#include <QWidget>\n" "")
+check_tree(program_sees_inside apps/fxalgen/A.cpp "#include \"store/Connection.h\"\n" "apps/fxalgen/A.cpp: includes store/Connection.h")
+check_tree(public_header_sees_inside include/FX_Algen/A.h "#include \"calc/Berechnung.h\"\n" "A.h: includes calc/Berechnung.h")
+check_tree(program_sees_public apps/fxalgen/A.cpp "#include \"FX_Algen/Store.h\"\n" "")
+check_tree(upward src/store/A.cpp "#include \"calc/Berechnung.h\"\n" "src/store/A.cpp: includes calc/Berechnung.h")
+check_tree(downward src/calc/A.cpp "#include \"store/Connection.h\"\n" "")
+check_tree(too_long tests/calc/A.cpp "${long_text}" "tests/calc/A.cpp: has 701 lines")
+check_tree(just_long_enough tests/calc/A.cpp "${full_text}" "")
+check_tree(nothing_to_check docs/A.md "text" "No sources")
