@@ -1,0 +1,13 @@
+#pragma once
+
+/// The whole public interface of the library.
+
+#include "FX_Algen/AL_Katalog.h"
+#include "FX_Algen/AL_PS.h"
+#include "FX_Algen/AL_PS_Grafik.h"
+#include "FX_Algen/Display.h"
+#include "FX_Algen/Error.h"
+#include "FX_Algen/Messages.h"
+#include "FX_Algen/Store.h"
+#include "FX_Algen/Texts.h"
+#include "FX_Algen/Value.h"

@@ -1,0 +1,96 @@
+#include "FX_Algen/AL_PS.h"
+
+#include "calc/Berechnung.h"
+#include "host/NotBuilt.h"
+#include "store/Allgemein.h"
+#include "store/Strings.h"
+
+namespace FX_Algen {
+
+using host::NotBuilt;
+
+namespace {
+constexpr std::string_view Klasse = "AL_PS";
+constexpr std::int16_t StatustextBerechnung = 3100;
+}  // namespace
+
+void AL_PS::SprachID_Anheben() noexcept {
+    kontext_.SprachID = Allgemein::SprachID_Anheben(kontext_.SprachID);
+}
+
+void AL_PS::Berechnung_Init() {
+    FX_Algen::Berechnung_Init(kontext_.CurrentDB);
+    SprachID_Anheben();
+    ergebnis_.Berechnung_Statustext = store::Text(StatustextBerechnung, kontext_.SprachID);
+}
+
+void AL_PS::Berechnung_Execute() {
+    FX_Algen::Berechnung_Execute(kontext_.CurrentDB, kontext_.TeilraumID, kontext_.IstWRRLBerechnung,
+                                 kontext_.ValenzGewicht, kontext_.DebugModus);
+}
+
+store::Value AL_PS::CheckIstKA(std::int32_t) {
+    // The answer is that for the current sub-habitat, whatever the argument says.
+    return FX_Algen::CheckIstKA(kontext_.CurrentDB, kontext_.TeilraumID);
+}
+
+void AL_PS::Get_ResString() {
+    SprachID_Anheben();
+    ergebnis_.ResString = store::Text(kontext_.ResID, kontext_.SprachID);
+}
+
+void AL_PS::Get_Version() {
+    ergebnis_.Version = std::to_string(FX_ALGEN_VERSION_MAJOR) + "." +
+                        std::to_string(FX_ALGEN_VERSION_MINOR) + "-" +
+                        static_cast<char>('a' + FX_ALGEN_VERSION_PATCH);
+}
+
+void AL_PS::Probenstelle_Show() { NotBuilt(Klasse, "Probenstelle_Show"); }
+void AL_PS::ProbenstelleSeston_Show() { NotBuilt(Klasse, "ProbenstelleSeston_Show"); }
+void AL_PS::Probenstelle_Unload() { NotBuilt(Klasse, "Probenstelle_Unload"); }
+void AL_PS::Berechnung_ExecuteSeston() { NotBuilt(Klasse, "Berechnung_ExecuteSeston"); }
+void AL_PS::Berechnung_InitSeston() { NotBuilt(Klasse, "Berechnung_InitSeston"); }
+void AL_PS::Berechnung_WRRL() { NotBuilt(Klasse, "Berechnung_WRRL"); }
+void AL_PS::Berechnung_WRRLInit() { NotBuilt(Klasse, "Berechnung_WRRLInit"); }
+void AL_PS::Berechnung_WRRLArtenliste() { NotBuilt(Klasse, "Berechnung_WRRLArtenliste"); }
+void AL_PS::Berechnung_WRRLArtenlisteTLR() { NotBuilt(Klasse, "Berechnung_WRRLArtenlisteTLR"); }
+void AL_PS::SetReportData_Auswertung() { NotBuilt(Klasse, "SetReportData_Auswertung"); }
+void AL_PS::Export_Taxaliste_GesamtHaeuf() { NotBuilt(Klasse, "Export_Taxaliste_GesamtHaeuf"); }
+void AL_PS::Export_Taxaliste_Gesamt() { NotBuilt(Klasse, "Export_Taxaliste_Gesamt"); }
+void AL_PS::Export_Taxaliste_TLR() { NotBuilt(Klasse, "Export_Taxaliste_TLR"); }
+bool AL_PS::Export_TLG_Taxadaten(std::int16_t, std::int32_t, std::int32_t, bool, std::int16_t, float,
+                                 std::int16_t, double&, double&, double&) {
+    NotBuilt(Klasse, "Export_TLG_Taxadaten");
+}
+std::int16_t AL_PS::GesamttaxazahlTLR(const std::string&) { NotBuilt(Klasse, "GesamttaxazahlTLR"); }
+std::int16_t AL_PS::Gesamttaxazahl() { NotBuilt(Klasse, "Gesamttaxazahl"); }
+std::int16_t AL_PS::GesamttaxazahlSeston() { NotBuilt(Klasse, "GesamttaxazahlSeston"); }
+void AL_PS::Export_ArtDom() { NotBuilt(Klasse, "Export_ArtDom"); }
+void AL_PS::Export_Auswertung() { NotBuilt(Klasse, "Export_Auswertung"); }
+void AL_PS::Export_Auswertung_Sap() { NotBuilt(Klasse, "Export_Auswertung_Sap"); }
+void AL_PS::Export_Auswertung_SapAnzahl() { NotBuilt(Klasse, "Export_Auswertung_SapAnzahl"); }
+void AL_PS::Export_Auswertung_WRRL() { NotBuilt(Klasse, "Export_Auswertung_WRRL"); }
+void AL_PS::Export_Auswertung_Wegl() { NotBuilt(Klasse, "Export_Auswertung_Wegl"); }
+void AL_PS::Export_Auswertung_Seston() { NotBuilt(Klasse, "Export_Auswertung_Seston"); }
+void AL_PS::SetReport_Label() { NotBuilt(Klasse, "SetReport_Label"); }
+store::Value AL_PS::SetReport_TaxalisteGesamt() { NotBuilt(Klasse, "SetReport_TaxalisteGesamt"); }
+store::Value AL_PS::SetReport_TaxalisteGesamtHaeuf() { NotBuilt(Klasse, "SetReport_TaxalisteGesamtHaeuf"); }
+store::Value AL_PS::SetReport_TaxalisteGesamtSeston() { NotBuilt(Klasse, "SetReport_TaxalisteGesamtSeston"); }
+store::Value AL_PS::SetReport_TaxalisteEinstufungSeston() {
+    NotBuilt(Klasse, "SetReport_TaxalisteEinstufungSeston");
+}
+store::Value AL_PS::SetReport_TaxalisteTLR() { NotBuilt(Klasse, "SetReport_TaxalisteTLR"); }
+store::Value AL_PS::SetReport_TaxalisteMakroalgen() { NotBuilt(Klasse, "SetReport_TaxalisteMakroalgen"); }
+store::Value AL_PS::SetReport_TaxalisteWRRL() { NotBuilt(Klasse, "SetReport_TaxalisteWRRL"); }
+bool AL_PS::SetReportTLRTaxazahl() { NotBuilt(Klasse, "SetReportTLRTaxazahl"); }
+bool AL_PS::SetReportGesamtTaxazahl() { NotBuilt(Klasse, "SetReportGesamtTaxazahl"); }
+bool AL_PS::SetReportGesamtTaxazahlSeston() { NotBuilt(Klasse, "SetReportGesamtTaxazahlSeston"); }
+std::string AL_PS::GetBioregion_Kurzzeichen(const std::string&) {
+    NotBuilt(Klasse, "GetBioregion_Kurzzeichen");
+}
+void AL_PS::Get_WRRLErgRecordset() { NotBuilt(Klasse, "Get_WRRLErgRecordset"); }
+void AL_PS::Export_Taxaliste_TLRMakroalge() { NotBuilt(Klasse, "Export_Taxaliste_TLRMakroalge"); }
+void AL_PS::SetReportData_AuswertungSeston() { NotBuilt(Klasse, "SetReportData_AuswertungSeston"); }
+void AL_PS::Pruefung_WRRL() { NotBuilt(Klasse, "Pruefung_WRRL"); }
+
+}  // namespace FX_Algen
