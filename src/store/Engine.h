@@ -2,8 +2,10 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "FX_Algen/Value.h"
 
@@ -31,6 +33,16 @@ public:
     virtual std::string_view Text(std::size_t column) const = 0;  ///< valid until the next Step or Reset
     /// The column of the current row as a value of `kind`; Kind::Null: as the engine holds it.
     virtual Value Column(std::size_t column, Kind kind) const = 0;
+    /// Appends the first columns of the current row to `out`, one a kind. Where a value does not fit its
+    /// kind, those before it have been appended.
+    virtual void AppendRow(std::span<const Kind> kinds, std::vector<Value>& out) const = 0;
+
+    virtual std::string ColumnName(std::size_t column) const = 0;
+    /// Type name that the schema declares for the column; empty for an expression.
+    virtual std::string DeclaredType(std::size_t column) const = 0;
+    /// Whether the engine had to prepare the statement anew since the last call, as it does when the schema
+    /// has changed under it.
+    virtual bool PreparedAnew() = 0;
 };
 
 /// The port to the embedded engine: one open database file, statements in the engine's own language.
@@ -45,7 +57,10 @@ public:
     /// Row identity of the last insert.
     virtual std::int64_t LastRowId() const = 0;
     /// What the next changes must survive: a power failure (true) or a crash of the program (false).
+    /// Inside a transaction the call has no effect.
     virtual void Durable(bool powerFailure) = 0;
+    /// The same for a database that was attached under the name `schema`.
+    virtual void DurableIn(const std::string& schema, bool powerFailure) = 0;
     virtual bool InTransaction() const = 0;
 };
 
