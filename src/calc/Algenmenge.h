@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <span>
 
 #include "calc/Spur.h"
@@ -8,22 +7,14 @@
 /// Arithmetic of the algae quantity index over plain rows. See `Berechnung_AMI`.
 namespace FX_Algen::calc {
 
-struct MakroalgeMenge {
-    std::int32_t ID_Art = 0;
-    Schichtdicke SD_MA;
-    Deckung DG_MA;
+/// A macroalga or a whole mixed stand: its cover and its mean layer thickness.
+struct Menge {
+    Deckung DG;
+    Schichtdicke SD;
 };
 
-struct BestandMenge {
-    std::int32_t ID_TR_MI = 0;
-    Schichtdicke SD_MI;
-    Deckung DG_MI;
-};
-
-/// `AMI` grows by SD * DG / 100 for each macroalga: mm of layer averaged over the sub-habitat.
-void Makroalgen(std::span<const MakroalgeMenge> zeilen, double& AMI, AMISpur* spur);
-
-/// The same for each mixed stand as a whole.
-void Mischbestaende(std::span<const BestandMenge> zeilen, double& AMI, AMISpur* spur);
+/// `AMI` grows by SD * DG / 100 for each row: mm of layer averaged over the sub-habitat. The accumulator is a
+/// 64-bit float.
+void Mengenindex(Block block, std::span<const Menge> zeilen, double& AMI, AMISpur* spur);
 
 }  // namespace FX_Algen::calc

@@ -15,7 +15,8 @@ namespace FX_Algen {
 
 namespace calc {
 struct Spur;
-}
+struct Taxazaehlung;
+}  // namespace calc
 
 /// Empties `awaErgProjekt`.
 void Berechnung_Init(const store::DatabasePtr& database);
@@ -72,17 +73,17 @@ void Berechnung_AMI(const store::DatabasePtr& database, std::int32_t ID, calc::S
 ///
 /// Taxa of mixed stands are in none of the counts 1 to 4. Any failure, and any other `Modus`, gives 0.
 double Taxazahl(const store::DatabasePtr& database, std::int32_t ID, std::int16_t Modus, bool IstWRRL,
-                std::string_view Kriterium = {}, calc::Spur* spur = nullptr);
+                std::string_view Kriterium = {}, calc::Taxazaehlung* spur = nullptr);
 
 /// Taxa of a sub-habitat whose eight saprobic valences add up to exactly 10. A Null valence leaves a taxon
 /// out.
 double Taxazahl_Sap(const store::DatabasePtr& database, std::int32_t ID, bool IstWRRL,
-                    calc::Spur* spur = nullptr);
+                    calc::Taxazaehlung* spur = nullptr);
 
 /// Taxa of a sub-habitat with a trophic value, by `Modus`: 1 `Trophiewert`, each taxon once; 2
 /// `Trophiewert_N` and 3 `Trophiewert` of diatoms, each finding once. Any other `Modus` gives 0.
 double Taxazahl_TI(const store::DatabasePtr& database, std::int32_t ID, std::int16_t Modus, bool IstWRRL,
-                   calc::Spur* spur = nullptr);
+                   calc::Taxazaehlung* spur = nullptr);
 
 /// Adds one taxon with saprobic value `SI` to the seven counters of the calling thread. Fails with 6 where a
 /// counter would leave 16 bits.

@@ -96,8 +96,6 @@ struct TrophieSpur {
 /// A macroalga or a whole mixed stand in the quantity index.
 struct Mengenbeitrag {
     Block Woher = Block::Makroalgen;
-    std::optional<std::int32_t> ID_Art;
-    std::optional<std::int32_t> ID_TR_MI;
     Deckung DG;
     Schichtdicke SD;
     double Beitrag = 0;

@@ -10,21 +10,21 @@ namespace {
 TEST(Algenmengenindex, IsLayerTimesCoveredFraction) {
     struct Fall {
         const char* Beschreibung;
-        std::vector<MakroalgeMenge> Makro;    ///< ID_Art, SD_MA in mm, DG_MA in percent
-        std::vector<BestandMenge> Bestaende;  ///< ID_TR_MI, SD_MI in mm, DG_MI in percent
+        std::vector<Menge> Makro;     ///< DG_MA in percent, SD_MA in mm
+        std::vector<Menge> Bestaende; ///< DG_MI in percent, SD_MI in mm
         double AMI;
     };
     const Fall faelle[] = {
         {"nothing", {}, {}, 0},
-        {"cover 50, layer 3: 3 * 50 / 100", {{1, {3}, {50}}}, {}, 1.5},
-        {"a stand: 0.5 * 40 / 100", {}, {{1, {0.5}, {40}}}, 0.2},
-        {"both: 3*50/100 + 2*25/100 + 1*75/100", {{1, {3}, {50}}, {2, {2}, {25}}}, {{1, {1}, {75}}}, 2.75},
+        {"cover 50, layer 3: 3 * 50 / 100", {{{50}, {3}}}, {}, 1.5},
+        {"a stand: 0.5 * 40 / 100", {}, {{{40}, {0.5}}}, 0.2},
+        {"both: 3*50/100 + 2*25/100 + 1*75/100", {{{50}, {3}}, {{25}, {2}}}, {{{75}, {1}}}, 2.75},
     };
     for (const auto& fall : faelle) {
         double AMI = 0;
         AMISpur spur;
-        Makroalgen(fall.Makro, AMI, &spur);
-        Mischbestaende(fall.Bestaende, AMI, &spur);
+        Mengenindex(Block::Makroalgen, fall.Makro, AMI, &spur);
+        Mengenindex(Block::Mischbestaende, fall.Bestaende, AMI, &spur);
         EXPECT_DOUBLE_EQ(AMI, fall.AMI) << fall.Beschreibung;
         EXPECT_EQ(spur.Beitraege.size(), fall.Makro.size() + fall.Bestaende.size()) << fall.Beschreibung;
     }
@@ -33,7 +33,7 @@ TEST(Algenmengenindex, IsLayerTimesCoveredFraction) {
 TEST(Algenmengenindex, AddsUpIn64Bits) {
     // 2^24 mm over 100 percent, then 1 mm: 16777217 has no 32-bit float
     double AMI = 0;
-    Makroalgen(std::vector<MakroalgeMenge>{{1, {16777216}, {100}}, {2, {1}, {100}}}, AMI, nullptr);
+    Mengenindex(Block::Makroalgen, std::vector<Menge>{{{100}, {16777216}}, {{100}, {1}}}, AMI, nullptr);
     EXPECT_EQ(AMI, 16777217.0);
 }
 

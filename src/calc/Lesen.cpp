@@ -1,0 +1,65 @@
+#include "calc/Lesen.h"
+
+#include <string_view>
+
+#include "FX_Algen/Error.h"
+
+namespace FX_Algen::calc {
+namespace {
+
+/// " (name)" from the given columns of one row, joined by blanks; empty where there is none. The name only
+/// makes the message readable, so a failing look-up leaves it out instead of hiding the finding.
+std::string Name(store::Database& database, const std::string& abfrage) try {
+    const auto zeilen = database.OpenRecordset(abfrage);
+    std::string name;
+    if (!zeilen->Eof()) {
+        for (std::size_t feld = 0; feld < zeilen->Fields().size(); ++feld) {
+            const auto& wert = (*zeilen)[feld];
+            if (wert.IsNull() || wert.Text().empty()) continue;
+            if (!name.empty()) name += ' ';
+            name += wert.Text();
+        }
+    }
+    zeilen->Close();
+    return name.empty() ? name : " (" + name + ")";
+} catch (const Error&) {
+    return {};
+}
+
+std::string Nummer(std::int32_t id) { return store::NumberText(id); }
+
+}  // namespace
+
+void NullFehler(store::Database& database, std::int32_t ID_TR, const NullStelle& stelle) {
+    std::string text = "Invalid use of Null: " + stelle.Tabelle + "." + stelle.Feld + " is Null";
+    if (stelle.ID_Art) {
+        const auto id = Nummer(*stelle.ID_Art);
+        text +=
+            " for taxon " + id + Name(database, "SELECT Gattung, Art FROM awaArt WHERE ID_ART=" + id + ";");
+    }
+    if (stelle.ID_TR_MI) {
+        const auto id = Nummer(*stelle.ID_TR_MI);
+        text += stelle.ID_Art ? " in mixed stand " : " for mixed stand ";
+        text += id + Name(database, "SELECT MI_Bez FROM awaTeilraum_MI WHERE ID_TR_MI=" + id + ";");
+    }
+    const auto id = Nummer(ID_TR);
+    text += stelle.ID_Art || stelle.ID_TR_MI ? ", sub-habitat " : " for sub-habitat ";
+    text += id + Name(database, "SELECT TRBez FROM Teilraum WHERE ID_TR=" + id + ";");
+    throw Error(ErrorNumber::InvalidUseOfNull, text);
+}
+
+store::Database& Vorhanden(const store::DatabasePtr& database) {
+    if (!database) throw Error(ErrorNumber::NotADatabase, "The calculation was given no database");
+    return *database;
+}
+
+NullStelle Feldleser::Luecke() const {
+    NullStelle stelle;
+    if (!luecke_) return stelle;
+    const auto& feld = zeilen_.Fields()[*luecke_];
+    stelle.Tabelle = feld.Table.value_or("");
+    stelle.Feld = feld.Column.value_or(feld.Name);
+    return stelle;
+}
+
+}  // namespace FX_Algen::calc
