@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace FX_Algen::store {
@@ -11,6 +12,9 @@ namespace FX_Algen::store {
 enum class Buttons : std::uint8_t { Ok, OkCancel, YesNo, YesNoCancel };
 enum class Symbol : std::uint8_t { None, Information, Question, Exclamation, Critical };
 enum class Answer : std::uint8_t { Ok, Cancel, Yes, No };
+
+/// The word for an answer: "OK", "Cancel", "Yes" or "No".
+std::string_view AnswerText(Answer answer);
 
 /// What routines without windows need of a person: boxes, the busy pointer, the progress form.
 class Messages {
@@ -49,14 +53,17 @@ public:
     void ProgressDraw(std::int16_t, std::string_view) override {}
     void ProgressHide(std::int32_t) override {}
 
-    /// Answers for the coming questions, in order; boxes with OK alone take none of them.
-    void SetAnswers(std::vector<Answer> answers);
+    /// Answers for the coming questions, in order, in place of those left over; boxes with OK alone take
+    /// none of them. An answer that a question does not offer is used up and the safest one given.
+    void SetAnswers(const std::vector<Answer>& answers);
+    /// The same as words, "Yes", "No", "OK", "Cancel", or any other text for what asks for a text.
+    void SetAnswerTexts(std::vector<std::string> answers) { answers_ = std::move(answers); }
     /// What was shown since the last call.
     std::vector<ShownBox> TakeShown();
     bool IsBusy() const noexcept { return busy_; }
 
 private:
-    std::vector<Answer> answers_;
+    std::vector<std::string> answers_;
     std::vector<ShownBox> shown_;
     bool busy_ = false;
 };

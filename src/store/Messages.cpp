@@ -36,12 +36,27 @@ Answer Safest(Buttons buttons) {
 
 }  // namespace
 
+std::string_view AnswerText(Answer answer) {
+    switch (answer) {
+        case Answer::Ok:
+            return "OK";
+        case Answer::Cancel:
+            return "Cancel";
+        case Answer::Yes:
+            return "Yes";
+        case Answer::No:
+            return "No";
+    }
+    return {};
+}
+
 Answer RecordingMessages::Box(std::string_view title, std::string_view text, Buttons buttons, Symbol symbol) {
     auto answer = Safest(buttons);
     if (buttons != Buttons::Ok && !answers_.empty()) {
         // An answer that the box does not offer is used up all the same: the list runs in step with the
         // questions.
-        if (Offers(buttons, answers_.front())) answer = answers_.front();
+        for (const auto possible : {Answer::Ok, Answer::Cancel, Answer::Yes, Answer::No})
+            if (AnswerText(possible) == answers_.front() && Offers(buttons, possible)) answer = possible;
         answers_.erase(answers_.begin());
     }
     if (shown_.size() == Limit) shown_.erase(shown_.begin());
@@ -49,7 +64,10 @@ Answer RecordingMessages::Box(std::string_view title, std::string_view text, But
     return answer;
 }
 
-void RecordingMessages::SetAnswers(std::vector<Answer> answers) { answers_ = std::move(answers); }
+void RecordingMessages::SetAnswers(const std::vector<Answer>& answers) {
+    answers_.clear();
+    for (const auto answer : answers) answers_.emplace_back(AnswerText(answer));
+}
 
 std::vector<ShownBox> RecordingMessages::TakeShown() { return std::exchange(shown_, {}); }
 
