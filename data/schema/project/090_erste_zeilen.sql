@@ -90,7 +90,7 @@ INSERT INTO sesKatalogfeldDefinition (ID_Katalogfeld, SpaltenIndex, ResID_Label,
                   ColWidthUser, ColWidthDefault, ColSortUser, ColSortDefault, ColSortField, IstKurz, IstLang) VALUES
     (1, 1, 5101, -1, -1, 700, 700, 0, 0, 'sesArtAuswahl.Auswahl', -1, -1),
     (2, 2, 5115, 0, 0, 900, 900, 0, 0, 'sesKlasse.ID_KLASSE', 0, 0),
-    (3, 3, 4106, -1, -1, 2000, 2000, 1, 1, 'sesKlasse.Klasse', -1, -1),
+    (3, 3, 4108, -1, -1, 2000, 2000, 1, 1, 'sesKlasse.Klasse', -1, -1),
     (4, 4, 5102, 0, 0, 900, 900, 0, 0, 'sesArt.ID_ART', 0, 0),
     (5, 5, 4003, -1, -1, 2000, 2000, 1, 1, 'sesArt.Gattung', -1, -1),
     (6, 6, 4006, -1, -1, 2500, 2500, 1, 1, 'sesArt.Art', -1, -1),
