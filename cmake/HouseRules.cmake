@@ -2,6 +2,7 @@
 #   cmake -DSOURCE_DIR=<project> -P HouseRules.cmake
 # Prints every break with file and reason and fails if there is one.
 
+cmake_policy(VERSION 3.25)
 file(GLOB_RECURSE sources RELATIVE ${SOURCE_DIR}
     ${SOURCE_DIR}/src/*.h ${SOURCE_DIR}/src/*.cpp
     ${SOURCE_DIR}/apps/*.h ${SOURCE_DIR}/apps/*.cpp

@@ -1,5 +1,6 @@
 # Each rule is broken once in a tree of its own; the check must name the file and the reason.
 #   cmake -DRULES=<HouseRules.cmake> -DWORK_DIR=<scratch> -P HouseRulesTest.cmake
+cmake_policy(VERSION 3.25)
 set(failures 0)
 
 function(check_tree rule file content expected)
