@@ -82,6 +82,7 @@ public:
 private:
     friend class Database;
     explicit TableDefs(std::shared_ptr<Connection> connection);
+    TableDef& WithFields(TableDef& table);
     std::shared_ptr<Connection> connection_;
     std::vector<TableDef> tables_;
 };
@@ -89,7 +90,8 @@ private:
 /// One database file.
 class Database : public std::enable_shared_from_this<Database> {
 public:
-    explicit Database(std::shared_ptr<Connection> connection) : connection_(std::move(connection)) {}
+    explicit Database(std::shared_ptr<Connection> connection, std::string name = {})
+        : connection_(std::move(connection)), name_(std::move(name)) {}
 
     /// Path as it was given at opening.
     const std::string& Name() const;
@@ -115,6 +117,7 @@ public:
 
 private:
     std::shared_ptr<Connection> connection_;
+    std::string name_;
     std::int32_t affected_ = 0;
 };
 

@@ -2,12 +2,15 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 
 #include "FX_Algen/Messages.h"
 
 namespace FX_Algen::store {
+
+class Connection;
 
 /// Values that exist once for each host thread, together in one place.
 struct ThreadValues {
@@ -19,6 +22,8 @@ struct ThreadValues {
     std::string RegistryPfad;
     /// The port to a person; the recording one until a host installs its own.
     std::shared_ptr<Messages> Port;
+    /// Open databases by their canonical path, for as long as a handle keeps them.
+    std::map<std::string, std::weak_ptr<Connection>> Connections;
 };
 
 /// The calling thread's values.

@@ -1,0 +1,175 @@
+#include <algorithm>
+#include <set>
+
+#include "FX_Algen/Store.h"
+#include "store/OpenConnection.h"
+
+namespace FX_Algen::store {
+
+namespace {
+
+struct TypeOfField {
+    FieldType Type;
+    std::string_view Declared;
+    Kind Values;
+};
+
+constexpr TypeOfField types[] = {
+    {FieldType::Boolean, "BOOLEAN", Kind::Bool}, {FieldType::Integer, "SMALLINT", Kind::I2},
+    {FieldType::Long, "INTEGER", Kind::I4},      {FieldType::Single, "FLOAT", Kind::R4},
+    {FieldType::Double, "DOUBLE", Kind::R8},     {FieldType::Date, "DATE", Kind::Date},
+    {FieldType::Text, "TEXT", Kind::Text},       {FieldType::Memo, "TEXT", Kind::Text},
+};
+
+const TypeOfField& TypeOf(const FieldDef& field) {
+    const auto at = std::find_if(std::begin(types), std::end(types),
+                                 [&field](const TypeOfField& one) { return one.Type == field.Type; });
+    if (at == std::end(types))
+        throw Error(ErrorNumber::TypeMismatch, "The field '" + field.Name + "' has no type of the store.");
+    return *at;
+}
+
+FieldType TypeOf(Kind kind) {
+    // The first of a kind: a long text and a short one are declared alike.
+    const auto at = std::find_if(std::begin(types), std::end(types),
+                                 [kind](const TypeOfField& one) { return one.Values == kind; });
+    return at == std::end(types) ? FieldType::Text : at->Type;
+}
+
+std::string TextLiteral(std::string_view text) {
+    std::string out = "'";
+    for (const char c : text) {
+        if (c == '\'') out += '\'';
+        out += c;
+    }
+    return out += '\'';
+}
+
+/// A default as the column will hold it: 13 or 6 where it does not fit the type.
+std::string DefaultLiteral(const FieldDef& field, Kind kind) {
+    const Value value = Value(*field.DefaultValue).As(kind);
+    const bool is_text = kind == Kind::Text || kind == Kind::Date;
+    return is_text ? TextLiteral(value.Text()) : value.Text();
+}
+
+void CheckName(std::string_view what, std::string_view name) {
+    const bool reserved = dialect::Fold(name).starts_with("sqlite_");
+    if (name.empty() || reserved || name.find('\0') != std::string_view::npos)
+        throw Error(ErrorNumber::SyntaxError,
+                    std::string(what) + " cannot have the name '" + std::string(name) + "'.");
+}
+
+/// The column as CREATE TABLE and ALTER TABLE declare it.
+std::string Declaration(const FieldDef& field) {
+    CheckName("A field", field.Name);
+    const TypeOfField& type = TypeOf(field);
+    const auto name = Quoted(field.Name);
+    std::string out = name;
+    out.append(" ").append(type.Declared);
+    if (field.DefaultValue) out.append(" DEFAULT ").append(DefaultLiteral(field, type.Values));
+    if (field.Type == FieldType::Boolean) out.append(" CHECK(").append(name).append(" IN (-1,0))");
+    if (field.Type == FieldType::Text && field.Size > 0)
+        out.append(" CHECK(length(")
+            .append(name)
+            .append(")<=")
+            .append(std::to_string(field.Size))
+            .append(")");
+    return out;
+}
+
+/// Runs a change of the schema; what was known of it is forgotten then.
+void Change(Connection& connection, std::string_view operation, std::string_view table,
+            const std::string& sql) {
+    try {
+        connection.DurableFor(table);
+        connection.TheEngine().Run(sql);
+    } catch (const Error& error) {
+        throw FailureIn(operation, error, {}, sql);
+    }
+    connection.SchemaChanged();
+}
+
+std::vector<FieldDef> FieldsOf(const dialect::TableInfo& table) {
+    std::vector<FieldDef> fields;
+    fields.reserve(table.Columns.size());
+    for (const auto& column : table.Columns)
+        fields.push_back({column.Name, TypeOf(column.Type), 0, std::nullopt});
+    return fields;
+}
+
+bool SameName(std::string_view a, std::string_view b) { return dialect::Fold(a) == dialect::Fold(b); }
+
+}  // namespace
+
+void TableDef::Append(const FieldDef& field) {
+    const auto is_field = [&field](const FieldDef& one) { return SameName(one.Name, field.Name); };
+    if (std::any_of(fields_.begin(), fields_.end(), is_field))
+        throw Error(ErrorNumber::DuplicateKey,
+                    "Append: the table '" + name_ + "' has a field '" + field.Name + "' already.");
+    const auto declaration = Declaration(field);  // checks it in either case
+    if (connection_)
+        Change(*connection_, "Append", name_, "ALTER TABLE " + Quoted(name_) + " ADD COLUMN " + declaration);
+    fields_.push_back(field);
+}
+
+TableDefs::TableDefs(std::shared_ptr<Connection> connection) : connection_(std::move(connection)) {
+    Refresh();
+}
+
+void TableDefs::Refresh() {
+    connection_->RefreshSchema();
+    tables_.clear();
+    for (auto& name : connection_->Tables().TableNames()) {
+        TableDef table(std::move(name));
+        table.connection_ = connection_;
+        tables_.push_back(std::move(table));
+    }
+}
+
+/// The fields of a table are read when it is first asked for: lists are long, and one is wanted.
+TableDef& TableDefs::WithFields(TableDef& table) {
+    if (table.fields_.empty())
+        if (const auto* info = connection_->Tables().FindTable(table.Name())) table.fields_ = FieldsOf(*info);
+    return table;
+}
+
+TableDef& TableDefs::operator[](std::size_t index) {
+    if (index >= tables_.size())
+        throw Error(ErrorNumber::IndexOutOfRange, "TableDefs: there is no table " + std::to_string(index) +
+                                                      " of " + std::to_string(tables_.size()) + ".");
+    return WithFields(tables_[index]);
+}
+
+TableDef& TableDefs::operator[](std::string_view name) {
+    const auto at = std::find_if(tables_.begin(), tables_.end(),
+                                 [name](const TableDef& table) { return SameName(table.Name(), name); });
+    if (at == tables_.end())
+        throw Error(ErrorNumber::UnknownField, "TableDefs: there is no table '" + std::string(name) + "'.");
+    return WithFields(*at);
+}
+
+void TableDefs::Append(TableDef& table) {
+    CheckName("A table", table.Name());
+    if (table.Fields().empty())
+        throw Error(ErrorNumber::TypeMismatch, "Append: the table '" + table.Name() + "' has no field.");
+    connection_->RefreshSchema();
+    if (connection_->Tables().FindTable(table.Name()) != nullptr)
+        throw Error(ErrorNumber::DuplicateKey, "Append: there is a table '" + table.Name() + "' already.");
+    std::string sql = "CREATE TABLE " + Quoted(table.Name()) + " (";
+    for (const auto& field : table.Fields()) {
+        if (&field != &table.Fields().front()) sql += ", ";
+        sql += Declaration(field);
+    }
+    Change(*connection_, "Append", table.Name(), sql + ")");
+    table.connection_ = connection_;
+    tables_.push_back(table);
+}
+
+void TableDefs::Delete(std::string_view name) {
+    const TableDef& table = (*this)[name];
+    const auto real_name = table.Name();
+    Change(*connection_, "Delete", real_name, "DROP TABLE " + Quoted(real_name));
+    std::erase_if(tables_, [&real_name](const TableDef& one) { return one.Name() == real_name; });
+}
+
+}  // namespace FX_Algen::store
