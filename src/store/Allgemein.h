@@ -7,6 +7,7 @@
 
 #include "FX_Algen/Store.h"
 #include "FX_Algen/Value.h"
+#include "store/Strings.h"
 
 /// Common routines that need no window.
 namespace FX_Algen::Allgemein {
@@ -22,7 +23,8 @@ std::int16_t SprachID_Anheben(std::int16_t SprachID) noexcept;
 /// boxes. Any failure, among them an apostrophe in a text, is shown in a box with number and description
 /// and answered with false; what was written until then stays.
 bool SetReportLblData(const store::DatabasePtr& database, const std::string& lblTabelle,
-                      const std::string& resTabelle, std::int16_t Sprache, bool DebugModus);
+                      const std::string& resTabelle, std::int16_t Sprache, bool DebugModus,
+                      const store::StringTable& texte = store::Strings());
 
 /// Replaces `alt` by `neu` in `text`, at the first place only where `nurErstes` is set. The search goes on
 /// behind the inserted text, so `neu` may contain `alt`. An empty `alt` stands nowhere.

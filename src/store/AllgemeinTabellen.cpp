@@ -33,7 +33,8 @@ bool IsLabelField(std::string_view name) {
 }
 
 void FillLabels(const store::DatabasePtr& database, const std::string& lblTabelle,
-                const std::string& resTabelle, std::int16_t Sprache, bool DebugModus) {
+                const std::string& resTabelle, std::int16_t Sprache, bool DebugModus,
+                const store::StringTable& texte) {
     const auto base = SprachID_Anheben(Sprache);
     const std::string source = "SELECT * FROM " + resTabelle + ";";
     const auto numbers = database->OpenRecordset(source);
@@ -48,7 +49,7 @@ void FillLabels(const store::DatabasePtr& database, const std::string& lblTabell
         const auto& value = (*numbers)[i];
         const double number = value.IsNull() ? 0 : LeadingNumber(value.Text());
         if (number <= 0) continue;
-        const auto text = store::Text(store::Value(number + base).I2());
+        const auto& text = texte.At(store::Value(number + base).I2());
         const auto statement = first
                                    ? "INSERT INTO " + lblTabelle + " (" + name + ") VALUES ('" + text + "');"
                                    : "UPDATE " + lblTabelle + " SET " + name + "='" + text + "';";
@@ -61,9 +62,10 @@ void FillLabels(const store::DatabasePtr& database, const std::string& lblTabell
 }  // namespace
 
 bool SetReportLblData(const store::DatabasePtr& database, const std::string& lblTabelle,
-                      const std::string& resTabelle, std::int16_t Sprache, bool DebugModus) {
+                      const std::string& resTabelle, std::int16_t Sprache, bool DebugModus,
+                      const store::StringTable& texte) {
     try {
-        FillLabels(database, lblTabelle, resTabelle, Sprache, DebugModus);
+        FillLabels(database, lblTabelle, resTabelle, Sprache, DebugModus, texte);
         return true;
     } catch (const Error& error) {
         store::Port().Box("basDrucker:SetReportLblData",

@@ -58,6 +58,14 @@ std::optional<std::string_view> StringTable::Find(std::int32_t number) const {
     return found->second;
 }
 
+const std::string& StringTable::At(std::int16_t number) const {
+    const auto found = texts_.find(number);
+    if (found == texts_.end())
+        throw Error(ErrorNumber::StringNotFound,
+                    "The string table has no text with number " + std::to_string(number) + ".");
+    return found->second;
+}
+
 const StringTable& Strings() {
     static const StringTable table = [] {
         StringTable out;
@@ -76,13 +84,7 @@ std::string Text(std::int16_t offset, std::int16_t base) {
     return Text(static_cast<std::int16_t>(sum));
 }
 
-std::string Text(std::int16_t number) {
-    const auto text = Strings().Find(number);
-    if (!text)
-        throw Error(ErrorNumber::StringNotFound,
-                    "The string table has no text with number " + std::to_string(number) + ".");
-    return std::string(*text);
-}
+std::string Text(std::int16_t number) { return Strings().At(number); }
 
 }  // namespace FX_Algen::store
 

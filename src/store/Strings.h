@@ -21,6 +21,9 @@ public:
     /// The text of a number; none where the table has a gap.
     std::optional<std::string_view> Find(std::int32_t number) const;
 
+    /// The text of a number; 326 where the table has none.
+    const std::string& At(std::int16_t number) const;
+
     const std::map<std::int16_t, std::string>& Texts() const noexcept { return texts_; }
 
 private:
