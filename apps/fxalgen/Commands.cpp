@@ -4,6 +4,7 @@ namespace FX_Algen::cli {
 
 std::vector<std::unique_ptr<Command>> MakeCommands() {
     std::vector<std::unique_ptr<Command>> commands;
+    commands.push_back(MakeAutomateCommand());
     return commands;
 }
 

@@ -10,4 +10,6 @@ namespace FX_Algen::cli {
 /// The commands in the order of the help, made anew for each call.
 std::vector<std::unique_ptr<Command>> MakeCommands();
 
+std::unique_ptr<Command> MakeAutomateCommand();
+
 }  // namespace FX_Algen::cli
