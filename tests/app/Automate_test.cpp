@@ -553,6 +553,43 @@ TEST_F(AutomateDatabase, HostCalculatesASubhabitatAndReadsItsRow) {
     EXPECT_EQ(answers[shown]["result"], Json::array());
 }
 
+TEST_F(AutomateDatabase, ConversationOfTheHostsPageRunsAsWritten) {
+    AddSample();
+    std::ifstream page(std::string(FX_SOURCE_DIR) + "/docs/hosts.md");
+    std::string requests;
+    std::string expected;
+    for (std::string line; std::getline(page, line);) {
+        if (line.starts_with("> {")) requests += line.substr(2) + "\n";
+        if (line.starts_with("< {")) expected += line.substr(2) + "\n";
+    }
+    const std::string name = "river.db";
+    ASSERT_NE(requests.find(name), std::string::npos);
+    requests.replace(requests.find(name), name.size(), db.Path());
+    std::istringstream in(requests);
+    std::ostringstream out;
+    EXPECT_EQ(Automate(in, out), 0);
+    EXPECT_EQ(out.str(), expected);
+}
+
+TEST(HostsPage, ListsMembersAndOperationsInInterfaceOrder) {
+    std::ifstream page(std::string(FX_SOURCE_DIR) + "/docs/hosts.md");
+    std::map<std::string, std::vector<std::string>> told;
+    std::string className;
+    for (std::string line; std::getline(page, line);) {
+        if (line.starts_with("## ")) className.clear();
+        if (line.starts_with("### `")) className = line.substr(5, line.find('`', 5) - 5);
+        if (!className.empty() && line.starts_with("| `"))
+            told[className].push_back(line.substr(3, line.find('`', 3) - 3));
+    }
+    for (const std::string name : {"AL_PS", "AL_Katalog", "AL_PS_Grafik"}) {
+        const auto object = rpc::MakeObject(name);
+        std::vector<std::string> known;
+        for (const auto& member : object->Members()) known.push_back(member.Name);
+        for (const auto& operation : object->Operations()) known.push_back(operation.Name);
+        EXPECT_EQ(told[name], known) << name;
+    }
+}
+
 TEST_F(AutomateDatabase, BoxesOfDebugModeAreListedOnce) {
     AddSample();
     Conversation talk;
