@@ -184,7 +184,12 @@ void Writer::OrderTerm(const Expr& expr, bool descending, std::string_view& sepa
     sql_ += separator;
     Operand(expr);
     if (expr.Type == Kind::Text) sql_ += std::string(" COLLATE ") + names::German;
-    if (descending) sql_ += " DESC";
+    if (expr.Type == Kind::Bool) {
+        // False comes before true although it is the greater number; Null comes before both.
+        sql_ += descending ? " ASC NULLS LAST" : " DESC NULLS FIRST";
+    } else if (descending) {
+        sql_ += " DESC";
+    }
     separator = ", ";
 }
 
