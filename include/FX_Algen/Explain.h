@@ -42,7 +42,8 @@ struct ExplainedTerm {
     SampleBlock Block = SampleBlock::Macroalgae;
     ExplainedFinding Finding;
     double Abundance = 0;     ///< percent of cover, percent of the stand, or valves
-    double SharePercent = 0;  ///< relative abundance: percent of the total cover, or of all valves
+    double SharePercent = 0;  ///< relative abundance: percent of the total cover, or of all valves; in the
+                              ///< quantity index the cover itself
     double Weight = 0;        ///< indicator weight; in the quantity index the layer thickness in mm
     double Value = 0;         ///< indicator value; not used in the quantity index
     double WeightTerm = 0;    ///< what it adds to the sum of weights; not used in the quantity index
@@ -121,8 +122,8 @@ struct ExplainedCount {
 struct ExplainedStand {
     std::int32_t ID_TR_MI = 0;
     std::string MI_Bez;
-    double CoverPercent = 0;  ///< of the sub-habitat
-    double SharePercent = 0;  ///< of the total cover
+    std::optional<double> CoverPercent;  ///< of the sub-habitat; absent where it was not entered
+    double SharePercent = 0;             ///< of the total cover; 0 where that is not above 0
 };
 
 /// A column of the result row, calculated now and as stored.

@@ -10,8 +10,8 @@ namespace {
 TEST(Algenmengenindex, IsLayerTimesCoveredFraction) {
     struct Fall {
         const char* Beschreibung;
-        std::vector<Menge> Makro;     ///< DG_MA in percent, SD_MA in mm
-        std::vector<Menge> Bestaende; ///< DG_MI in percent, SD_MI in mm
+        std::vector<Menge> Makro;      ///< DG_MA in percent, SD_MA in mm
+        std::vector<Menge> Bestaende;  ///< DG_MI in percent, SD_MI in mm
         double AMI;
     };
     const Fall faelle[] = {

@@ -111,9 +111,8 @@ struct DemoDatabase::Folder {
 };
 
 DemoDatabase::DemoDatabase() : folder_(std::make_unique<Folder>()) {
-    const std::string path = (folder_->path / "Fließgewässer.db").string();
-    store::CreateDatabase(path, store::DatabaseKind::Project);
-    engine_ = store::OpenEngine(path, false);
+    store::CreateDatabase(Path(), store::DatabaseKind::Project);
+    engine_ = store::OpenEngine(Path(), false);
     // The files come in the order of their names, the parents of a row perhaps after it.
     engine_->Run("PRAGMA foreign_keys = OFF; BEGIN");
     for (const resources::Resource& file : resources::demo()) {
@@ -123,6 +122,8 @@ DemoDatabase::DemoDatabase() : folder_(std::make_unique<Folder>()) {
 }
 
 DemoDatabase::~DemoDatabase() = default;
+
+std::string DemoDatabase::Path() const { return (folder_->path / "Fließgewässer.db").string(); }
 
 std::vector<Row> DemoDatabase::Rows(std::string_view sql) {
     const auto statement = engine_->Prepare(sql);

@@ -20,6 +20,9 @@ public:
     DemoDatabase(const DemoDatabase&) = delete;
     DemoDatabase& operator=(const DemoDatabase&) = delete;
 
+    /// Path of the database file.
+    std::string Path() const;
+
     /// Rows of a statement in the engine's own language, as text; Null is "NULL".
     std::vector<Row> Rows(std::string_view sql);
     /// First column of the rows.
