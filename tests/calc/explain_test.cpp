@@ -1,0 +1,340 @@
+#include "FX_Algen/Explain.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "FX_Algen/Error.h"
+#include "calc/Berechnung.h"
+#include "calc/Gueteklasse.h"
+#include "calc/Testdatenbank.h"
+#include "store/ThreadValues.h"
+
+namespace FX_Algen {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+constexpr std::int32_t TR = 17;
+
+const ExplainedIndex& Index(const Explanation& explanation, const std::string& spalte) {
+    const auto fund = std::find_if(explanation.Indices.begin(), explanation.Indices.end(),
+                                   [&](const auto& index) { return index.Column == spalte; });
+    if (fund == explanation.Indices.end()) throw std::runtime_error("no index " + spalte);
+    return *fund;
+}
+
+const ExplainedColumn& Spalte(const Explanation& explanation, const std::string& name) {
+    const auto fund = std::find_if(explanation.Columns.begin(), explanation.Columns.end(),
+                                   [&](const auto& spalte) { return spalte.Column == name; });
+    if (fund == explanation.Columns.end()) throw std::runtime_error("no column " + name);
+    return *fund;
+}
+
+/// "block taxon" of each term or omission, with what makes it worth telling.
+std::string Name(SampleBlock block, const ExplainedFinding& fund) {
+    static const char* const zeichen[] = {"MA", "MI", "KA"};
+    return std::string(zeichen[static_cast<int>(block)]) + " " + std::to_string(fund.ID_ART) +
+           (fund.CF ? " cf." : "") + (fund.ID_TR_MI ? " in " + fund.MI_Bez : "");
+}
+
+std::vector<std::string> Posten(const ExplainedIndex& index) {
+    std::vector<std::string> namen;
+    for (const auto& posten : index.Terms) namen.push_back(Name(posten.Block, posten.Finding));
+    return namen;
+}
+
+std::vector<std::pair<std::string, LeftOutRule>> Ausgelassen(const ExplainedIndex& index) {
+    std::vector<std::pair<std::string, LeftOutRule>> namen;
+    for (const auto& auslassung : index.LeftOut) {
+        namen.emplace_back(Name(auslassung.Block, auslassung.Finding), auslassung.Rule);
+    }
+    return namen;
+}
+
+std::vector<std::string> AlleTabellen(Testdatenbank& db) {
+    std::vector<std::string> abzug;
+    for (const char* tabelle :
+         {"Teilraum", "awaTeilraum", "awaTeilraum_MI", "awaPrStelle", "awaArtPrStelle", "awaArtPrStelle_MI",
+          "awaArt", "awaModulStandard", "awaErgProjekt", "awaErgWRRL"}) {
+        for (auto& zeile : db.Abzug(tabelle)) abzug.push_back(tabelle + (": " + zeile));
+    }
+    return abzug;
+}
+
+/// Total cover 40. Macroalgae: 1 with and without cf., 2 without ratings, 3 without Algenart, 4 with weight
+/// 0, 5 without cover, 8 with value 0. Stand 5 of 20 percent with 7; stand 6 without cover. Diatom 6.
+class Erklaerung : public testing::Test {
+protected:
+    void SetUp() override {
+        db.Teilraum(TR, {40, 30, 40, 30});
+        db.Stelle(1, TR);
+        db.Art(1, {2, 1, 3, 1, 0, 0, "benthisch", 1});
+        db.ArtOhneWerte(2);
+        db.Art(3, {1, 1, 1, 1, 0, 0, "", 1});
+        db.Art(4, {3.6, 0, 0, 0, 0, 0, "benthisch", 1});
+        db.Art(5, {1, 1, 1, 1, 0, 0, "benthisch", 1});
+        db.Art(6, {1, 2, 1, 1, 0, 0, "benthisch", 1}, 128);
+        db.Art(7, {3, 2, 2, 1, 0, 0, "benthisch", 1});
+        db.Art(8, {0, 1, 0, 0, 0, 0, "benthisch", 1});
+        db.Fund(1, 1, {20, 0, 2, false});
+        db.Fund(1, 1, {10, 0, 0, true});
+        db.Fund(1, 2, {4, 0, 0, false});
+        db.Fund(1, 3, {4, 0, 1, false});
+        db.Fund(1, 4, {4, 0, 0, false});
+        db.Fund(1, 5, {0, 0, 0, false});
+        db.Fund(1, 6, {0, 8, 0, false});
+        db.Fund(1, 8, {4, 0, 0, false});
+        db.Bestand(5, TR, 20, 1, 20);
+        db.Bestandsart(5, 7, 50);
+        db.Bestand(6, TR, 0);
+        db.Bestandsart(6, 7, 80);
+    }
+    void Rechne(bool IstWRRL = false) {
+        Berechnung_Init(db.Datenbank());
+        Berechnung_Execute(db.Datenbank(), TR, IstWRRL, false, false);
+    }
+    Testdatenbank db;
+};
+
+TEST_F(Erklaerung, TellsEveryContributionOfTheSaprobicIndex) {
+    Rechne();
+    const auto explanation = Explain(db.Datenbank(), TR);
+    const auto& index = Index(explanation, "SapIndex");
+    EXPECT_THAT(Posten(index), ElementsAre("MA 1 cf.", "MA 1", "MA 3", "MA 4", "MA 8", "MI 7 in Belag 5",
+                                           "MI 7 in Belag 6", "KA 6"));
+    // 20/40*100 = 50, *1 = 50, *2 = 100; its twin with cf. (-1) comes before it in the order of the keys
+    const auto& erster = index.Terms[1];
+    EXPECT_EQ(erster.Finding.Taxon, "Gattung1 grün1");
+    EXPECT_EQ(erster.Finding.PSBez, "Stelle 1");
+    EXPECT_EQ(erster.Abundance, 20);
+    EXPECT_EQ(erster.SharePercent, 50);
+    EXPECT_EQ(erster.Weight, 1);
+    EXPECT_EQ(erster.Value, 2);
+    EXPECT_EQ(erster.WeightTerm, 50);
+    EXPECT_EQ(erster.ValueTerm, 100);
+    EXPECT_EQ(erster.Remark, TermRemark::None);
+    EXPECT_EQ(index.Terms[3].Remark, TermRemark::WeightZero);
+    EXPECT_EQ(index.Terms[4].Remark, TermRemark::ValueZero);
+    // stand 5: share 50, 50 percent of it: 25, *2 = 50, *3 = 150
+    EXPECT_EQ(index.Terms[5].SharePercent, 25);
+    EXPECT_EQ(index.Terms[5].ValueTerm, 150);
+    EXPECT_EQ(index.Terms[6].Remark, TermRemark::StandWithoutCover);
+    // weights: 50 + 25 (cf.) + 10 (3) + 0 + 10 (8) + 50 + 0 + 200 (all valves, weight 2) = 345
+    // values: 100 + 50 + 10 + 0 + 0 + 150 + 0 + 200 = 510
+    EXPECT_EQ(index.WeightSum, 345);
+    EXPECT_EQ(index.ValueSum, 510);
+    EXPECT_EQ(index.Result, store::Value(510.0F / 345.0F));
+    EXPECT_EQ(index.Stored, index.Result);
+
+    EXPECT_THAT(Posten(Index(explanation, "SapIndex_KA")), ElementsAre("KA 6"));
+    EXPECT_EQ(Index(explanation, "SapIndex_KA").WeightSum, 200);
+}
+
+TEST_F(Erklaerung, TellsWhatWasLeftOutAndWhy) {
+    Rechne();
+    const auto explanation = Explain(db.Datenbank(), TR);
+    EXPECT_THAT(
+        Ausgelassen(Index(explanation, "SapIndex")),
+        ElementsAre(std::pair("MA 2", LeftOutRule::NoRatings), std::pair("MA 5", LeftOutRule::NoAbundance)));
+    EXPECT_THAT(
+        Ausgelassen(Index(explanation, "TI")),
+        ElementsAre(std::pair("MA 2", LeftOutRule::NoRatings), std::pair("MA 3", LeftOutRule::NoAlgenart),
+                    std::pair("MA 5", LeftOutRule::NoAbundance)));
+    EXPECT_TRUE(Index(explanation, "TI_KA").LeftOut.empty());
+}
+
+TEST_F(Erklaerung, TellsTheQuantityIndex) {
+    Rechne();
+    const auto explanation = Explain(db.Datenbank(), TR);
+    const auto& index = Index(explanation, "AMI");
+    // macroalga 2 mm * 20 / 100 = 0.4, stand 1 mm * 20 / 100 = 0.2
+    EXPECT_THAT(Posten(index), ElementsAre("MA 1", "MI 0 in Belag 5"));
+    EXPECT_EQ(index.Terms[0].Weight, 2);
+    EXPECT_DOUBLE_EQ(index.Terms[0].ValueTerm, 0.4);
+    EXPECT_DOUBLE_EQ(index.ValueSum, 0.6);
+    EXPECT_EQ(index.Result, index.Stored);
+    // 3 has a layer but no Algenart; 2 has neither; the others have no layer
+    EXPECT_THAT(
+        Ausgelassen(index),
+        ElementsAre(std::pair("MA 1 cf.", LeftOutRule::NoLayer), std::pair("MA 2", LeftOutRule::NoLayer),
+                    std::pair("MA 3", LeftOutRule::NoAlgenart), std::pair("MA 4", LeftOutRule::NoLayer),
+                    std::pair("MA 8", LeftOutRule::NoLayer),
+                    std::pair("MI 0 in Belag 6", LeftOutRule::NoLayer)));
+}
+
+TEST_F(Erklaerung, TellsClassesAndCounts) {
+    Rechne();
+    const auto explanation = Explain(db.Datenbank(), TR);
+    // macroalgae 1 (II), 1 again, 3 (I), 4 (IV), 8 (none); stands 7 twice (III); diatom 6 (I)
+    std::vector<ClassRule> regeln;
+    for (const auto& zeile : explanation.ClassRows) regeln.push_back(zeile.Rule);
+    EXPECT_THAT(regeln,
+                ElementsAre(ClassRule::Counted, ClassRule::SameTaxon, ClassRule::Counted, ClassRule::Counted,
+                            ClassRule::NoClass, ClassRule::Counted, ClassRule::Counted, ClassRule::Counted));
+    EXPECT_EQ(explanation.ClassRows[0].Taxon, "Gattung1 grün1");
+    ASSERT_EQ(explanation.Classes.size(), 7U);
+    std::vector<std::int32_t> zahlen;
+    for (const auto& klasse : explanation.Classes) zahlen.push_back(klasse.Result.I4());
+    EXPECT_THAT(zahlen, ElementsAre(2, 0, 1, 0, 2, 0, 1));
+    EXPECT_EQ(explanation.Classes[1].Name, "I-II");
+    EXPECT_EQ(explanation.Classes[1].Column, "ANZ_Gueteklasse_I_II");
+
+    ASSERT_EQ(explanation.Counts.size(), 8U);
+    const auto& taxa = explanation.Counts[0];
+    EXPECT_EQ(taxa.Column, "Taxa");
+    EXPECT_EQ(taxa.Result, store::Value(7.0));  // 1 to 6 and 8
+    EXPECT_EQ(taxa.Taxa.size(), 7U);
+    EXPECT_EQ(taxa.Taxa[0].Name, "Gattung1 grün1");
+}
+
+TEST_F(Erklaerung, TellsCoversStandsAndValves) {
+    Rechne();
+    const auto explanation = Explain(db.Datenbank(), TR);
+    EXPECT_EQ(explanation.TRBez, "Blöcke 17");
+    EXPECT_TRUE(explanation.Sampled);
+    EXPECT_FALSE(explanation.IstWRRL);
+    EXPECT_EQ(explanation.DG_Gesamt, 40);
+    EXPECT_EQ(explanation.DG_Makroalgen, 30);
+    EXPECT_EQ(explanation.Summe_KA, 8);
+    ASSERT_EQ(explanation.Stands.size(), 2U);
+    EXPECT_EQ(explanation.Stands[0].CoverPercent, 20);
+    EXPECT_EQ(explanation.Stands[0].SharePercent, 50);
+    EXPECT_EQ(explanation.Stands[1].CoverPercent, 0);
+}
+
+TEST_F(Erklaerung, ChangesNothing) {
+    Rechne();
+    db.Ausfuehren("INSERT INTO awaErgProjekt (ID, IstWRRL, KAOnly) VALUES(17, 0, -1);");
+    auto& anzahl = store::Thread().GueteklasseAnzahl;
+    anzahl = {1, 2, 3, 4, 5, 6, 7};
+    db.Datenbank();
+    const auto vorher = AlleTabellen(db);
+    Explain(db.Datenbank(), TR);
+    EXPECT_EQ(AlleTabellen(db), vorher);
+    EXPECT_EQ(anzahl, (calc::Klassenzahlen{1, 2, 3, 4, 5, 6, 7}));
+    db.SetzeNull("awaModulStandard", "SI", "ID_ART=1");
+    const auto mitNull = AlleTabellen(db);
+    Explain(db.Datenbank(), TR);
+    EXPECT_EQ(AlleTabellen(db), mitNull);
+}
+
+TEST_F(Erklaerung, SaysCurrentOutOfDateOrMissing) {
+    EXPECT_EQ(Explain(db.Datenbank(), TR).State, StoredResult::Missing);
+    EXPECT_TRUE(Index(Explain(db.Datenbank(), TR), "SapIndex").Stored.IsNull());
+    Rechne();
+    auto explanation = Explain(db.Datenbank(), TR);
+    EXPECT_EQ(explanation.State, StoredResult::Current);
+    EXPECT_EQ(explanation.Columns.size(), 24U);  // the flag, 16 numbers, 7 classes
+    for (const auto& spalte : explanation.Columns) EXPECT_FALSE(spalte.Differs) << spalte.Column;
+
+    db.Ausfuehren("UPDATE awaModulStandard SET SI=2.5 WHERE ID_ART=1;");
+    explanation = Explain(db.Datenbank(), TR);
+    EXPECT_EQ(explanation.State, StoredResult::OutOfDate);
+    EXPECT_TRUE(Spalte(explanation, "SapIndex").Differs);
+    EXPECT_TRUE(Spalte(explanation, "ANZ_Gueteklasse_II").Differs);
+    EXPECT_FALSE(Spalte(explanation, "TI").Differs);
+    // values: 50*2.5 + 25*2.5 instead of 50*2 + 25*2: 510 + 37.5
+    EXPECT_EQ(Spalte(explanation, "SapIndex").Result, store::Value(547.5F / 345.0F));
+    EXPECT_EQ(Spalte(explanation, "SapIndex").Stored, store::Value(510.0F / 345.0F));
+    Rechne();
+    EXPECT_EQ(Explain(db.Datenbank(), TR).State, StoredResult::Current);
+}
+
+TEST_F(Erklaerung, ComparesEveryColumnThatACalculationWrites) {
+    for (const char* spalte : {"SapIndex",
+                               "SapIndex_KA",
+                               "TI",
+                               "TI_N",
+                               "TI_KA",
+                               "AMI",
+                               "DG_Gesamt",
+                               "DG_Makroalgen",
+                               "Taxa",
+                               "Taxa_KA",
+                               "Taxa_SI",
+                               "Taxa_SI_KA",
+                               "TaxaSap",
+                               "TaxaTI",
+                               "TaxaTI_N",
+                               "TaxaTI_KA",
+                               "ANZ_Gueteklasse_I",
+                               "ANZ_Gueteklasse_I_II",
+                               "ANZ_Gueteklasse_II",
+                               "ANZ_Gueteklasse_II_III",
+                               "ANZ_Gueteklasse_III",
+                               "ANZ_Gueteklasse_III_IV",
+                               "ANZ_Gueteklasse_IV"}) {
+        Rechne();
+        db.Ausfuehren(std::string("UPDATE awaErgProjekt SET ") + spalte + "=99 WHERE ID=17;");
+        const auto explanation = Explain(db.Datenbank(), TR);
+        EXPECT_EQ(explanation.State, StoredResult::OutOfDate) << spalte;
+        EXPECT_TRUE(Spalte(explanation, spalte).Differs) << spalte;
+        EXPECT_EQ(std::count_if(explanation.Columns.begin(), explanation.Columns.end(),
+                                [](const auto& zeile) { return zeile.Differs; }),
+                  1)
+            << spalte;
+    }
+}
+
+TEST_F(Erklaerung, OfASubHabitatWithoutAlgaeSampleHasNothingToTell) {
+    const auto explanation = Explain(db.Datenbank(), 99);
+    EXPECT_FALSE(explanation.Sampled);
+    EXPECT_EQ(explanation.State, StoredResult::Missing);
+    EXPECT_TRUE(explanation.Indices.empty());
+}
+
+TEST_F(Erklaerung, TellsHowFarAFailedCalculationCame) {
+    db.SetzeNull("awaModulStandard", "Trophiewert", "ID_ART=7");
+    EXPECT_TRUE(Fehlschlag([&] { Rechne(); }).has_value());
+    const auto explanation = Explain(db.Datenbank(), TR);
+    ASSERT_TRUE(explanation.Failed.has_value());
+    EXPECT_EQ(explanation.Failed->Number, ErrorNumber::InvalidUseOfNull);
+    EXPECT_THAT(explanation.Failed->Description, HasSubstr("taxon 7"));
+    EXPECT_EQ(explanation.State, StoredResult::Current);
+    EXPECT_EQ(Index(explanation, "SapIndex").Result, store::Value(510.0F / 345.0F));
+    const auto& ti = Index(explanation, "TI");
+    EXPECT_TRUE(ti.Result.IsNull());
+    EXPECT_THAT(Posten(ti), ElementsAre("MA 1 cf.", "MA 1", "MA 4", "MA 8"));
+    EXPECT_THAT(Ausgelassen(ti), testing::Contains(std::pair("MI 7 in Belag 5", LeftOutRule::NotCalculated)));
+    EXPECT_THAT(Ausgelassen(ti), testing::Contains(std::pair("KA 6", LeftOutRule::NotCalculated)));
+}
+
+TEST_F(Erklaerung, OfTheAssessmentVariantNamesItsOwnRules) {
+    db.Art(10, {2, 1, 1, 1, 0, 0, "benthisch", 2});
+    db.Art(11, {2, 1, 1, 1, 0, 0, "benthisch", 1}, 132);
+    db.Art(12, {2, 1, 1, 1, 0, 0, "benthisch", 1}, 128);
+    db.Art(13, {2, 1, 1, 1, 0, 0, "benthisch", 1});
+    db.Ausfuehren("UPDATE awaArt SET ID_UFAM=0 WHERE ID_ART=13;");
+    for (std::int32_t art = 10; art <= 13; ++art) db.Fund(1, art, {1, 0, 0, false});
+    db.Art(14, {2, 1, 1, 1, 0, 0, "benthisch", 2}, 128);
+    db.Fund(1, 14, {0, 5, 0, false});
+    Rechne(true);
+    const auto explanation = Explain(db.Datenbank(), TR);
+    EXPECT_TRUE(explanation.IstWRRL);
+    EXPECT_EQ(explanation.State, StoredResult::Current);
+    EXPECT_THAT(
+        Ausgelassen(Index(explanation, "SapIndex")),
+        ElementsAre(std::pair("MA 10", LeftOutRule::OtherLebensform),
+                    std::pair("MA 11", LeftOutRule::OtherMajorGroup),
+                    std::pair("MA 12", LeftOutRule::OtherMajorGroup),
+                    std::pair("MA 13", LeftOutRule::NoTaxonomy),
+                    std::pair("KA 14", LeftOutRule::OtherLebensform),
+                    std::pair("MA 2", LeftOutRule::NoRatings), std::pair("MA 5", LeftOutRule::NoAbundance)));
+}
+
+TEST_F(Erklaerung, WithoutTotalCoverSaysSoOfEveryCover) {
+    db.Ausfuehren("UPDATE awaTeilraum SET DG_Gesamt=0 WHERE ID_TR=17;");
+    Rechne();
+    const auto explanation = Explain(db.Datenbank(), TR);
+    EXPECT_THAT(Posten(Index(explanation, "SapIndex")), ElementsAre("KA 6"));
+    EXPECT_THAT(Ausgelassen(Index(explanation, "SapIndex")),
+                testing::Contains(std::pair("MI 7 in Belag 5", LeftOutRule::NoTotalCover)));
+    EXPECT_THAT(Ausgelassen(Index(explanation, "SapIndex")),
+                testing::Contains(std::pair("MA 1", LeftOutRule::NoTotalCover)));
+}
+
+}  // namespace
+}  // namespace FX_Algen
