@@ -5,93 +5,12 @@
 
 #include <atomic>
 #include <filesystem>
-#include <optional>
 #include <stdexcept>
 
 #include "FX_Algen/Create.h"
-#include "store/resources/Resources.h"
+#include "FX_Algen/Load.h"
 
 namespace FX_Algen::demo_test {
-
-namespace {
-
-using Field = std::optional<std::string>;
-
-/// Reads the rows of a file: fields separated by commas, in quotes where they hold one; an empty field is
-/// Null.
-class CsvReader {
-public:
-    explicit CsvReader(std::string_view text) : text_(text) {}
-
-    bool AtEnd() const noexcept { return at_ >= text_.size(); }
-
-    std::vector<Field> Next() {
-        std::vector<Field> fields(1);
-        while (!AtEnd()) {
-            const char c = text_[at_++];
-            if (c == '\n') {
-                break;
-            }
-            if (c == ',') {
-                fields.emplace_back();
-            } else if (c == '"') {
-                fields.back() = Quoted();
-            } else {
-                fields.back() = fields.back().value_or("") + c;
-            }
-        }
-        return fields;
-    }
-
-private:
-    std::string Quoted() {
-        std::string field;
-        while (!AtEnd()) {
-            const char c = text_[at_++];
-            if (c != '"') {
-                field += c;
-            } else if (!AtEnd() && text_[at_] == '"') {
-                field += text_[at_++];
-            } else {
-                break;
-            }
-        }
-        return field;
-    }
-
-    std::string_view text_;
-    std::size_t at_ = 0;
-};
-
-void LoadTable(store::Engine& engine, std::string_view fileName, std::string_view text) {
-    const std::string table(fileName.substr(0, fileName.rfind('.')));
-    CsvReader reader(text);
-    const std::vector<Field> columns = reader.Next();
-    std::string names;
-    std::string marks;
-    for (const Field& column : columns) {
-        names += (names.empty() ? "" : ", ") + column.value();
-        marks += marks.empty() ? "?" : ", ?";
-    }
-    const auto statement = engine.Prepare("INSERT INTO " + table + " (" + names + ") VALUES (" + marks + ")");
-    while (!reader.AtEnd()) {
-        const std::vector<Field> row = reader.Next();
-        if (row.size() != columns.size()) {
-            throw std::runtime_error(table + ": row with " + std::to_string(row.size()) + " fields");
-        }
-        for (std::size_t i = 0; i < row.size(); ++i) {
-            if (row[i]) {
-                statement->BindText(i, *row[i]);
-            } else {
-                statement->BindNull(i);
-            }
-        }
-        statement->Step();
-        statement->Reset();
-    }
-}
-
-}  // namespace
 
 struct DemoDatabase::Folder {
     Folder() {
@@ -112,13 +31,13 @@ struct DemoDatabase::Folder {
 
 DemoDatabase::DemoDatabase() : folder_(std::make_unique<Folder>()) {
     store::CreateDatabase(Path(), store::DatabaseKind::Project);
-    engine_ = store::OpenEngine(Path(), false);
-    // The files come in the order of their names, the parents of a row perhaps after it.
-    engine_->Run("PRAGMA foreign_keys = OFF; BEGIN");
-    for (const resources::Resource& file : resources::demo()) {
-        LoadTable(*engine_, file.name, file.text);
+    const store::LoadResult result = store::LoadDemo(Path());
+    if (!result.Problems.empty()) {
+        const store::LoadProblem& first = result.Problems.front();
+        throw std::runtime_error(first.File + ":" + std::to_string(first.Line) + ": " + first.Column + ": " +
+                                 first.Reason);
     }
-    engine_->Run("COMMIT");
+    engine_ = store::OpenEngine(Path(), false);
 }
 
 DemoDatabase::~DemoDatabase() = default;
