@@ -111,7 +111,7 @@ Connection::Prepared& Connection::Translate(std::string_view statement) {
     prepared.Translated = dialect::Translate(statement, shape_, catalogue_, this);
     prepared.Statement = engine_->Prepare(prepared.Translated.Sql);
     if (prepared.Translated.Is == dialect::Translation::Verb::Select)
-        prepared.Shape = std::make_shared<const ResultShape>(prepared.Translated);
+        prepared.Shape = std::make_shared<const ResultShape>(prepared.Translated, catalogue_);
     return statements_.Add(shape_.Key, std::move(prepared));
 }
 
@@ -151,11 +151,7 @@ void Connection::AppendRow(const Prepared& prepared, ResultRows& rows) const {
         throw Error(error.Number(), "Field '" + (field.Table ? *field.Table + "." : std::string()) +
                                         field.Name + "': " + error.Description());
     }
-    for (std::size_t i = 0; i < shape.Sources.size(); ++i) {
-        const auto column = shape.Kinds.size() + i;
-        rows.RowIds.push_back(
-            prepared.Statement->IsNull(column) ? RowId() : RowId(prepared.Statement->Integer(column)));
-    }
+    prepared.Statement->AppendRowIds(shape.Kinds.size(), shape.Sources.size(), rows.RowIds);
     ++rows.Count;
 }
 

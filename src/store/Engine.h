@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -36,6 +37,9 @@ public:
     /// Appends the first columns of the current row to `out`, one a kind. Where a value does not fit its
     /// kind, those before it have been appended.
     virtual void AppendRow(std::span<const Kind> kinds, std::vector<Value>& out) const = 0;
+    /// Appends row identities, which stand in `count` columns from `first` on; none for Null.
+    virtual void AppendRowIds(std::size_t first, std::size_t count,
+                              std::vector<std::optional<std::int64_t>>& out) const = 0;
 
     virtual std::string ColumnName(std::size_t column) const = 0;
     /// Type name that the schema declares for the column; empty for an expression.

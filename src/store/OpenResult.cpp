@@ -17,29 +17,46 @@ bool EqualPlain(std::string_view a, std::string_view b) {
                                               [](char x, char y) { return x == y || Lower(x) == Lower(y); });
 }
 
+std::optional<ResultShape::Origin> OriginOf(const dialect::ResultColumn& column,
+                                            const std::vector<dialect::RowIdColumn>& sources,
+                                            const dialect::Catalogue& catalogue) {
+    if (!column.Alias || !column.Column) return std::nullopt;
+    const auto source = std::find_if(sources.begin(), sources.end(),
+                                     [&column](const auto& one) { return one.Alias == *column.Alias; });
+    if (source == sources.end()) return std::nullopt;
+    ResultShape::Origin origin;
+    origin.Source = static_cast<std::size_t>(source - sources.begin());
+    origin.Column = *column.Column;
+    origin.Type = column.Type;
+    const auto* table = catalogue.FindTable(source->Table);
+    const auto* declared = table != nullptr ? table->Find(*column.Column) : nullptr;
+    if (declared != nullptr) {
+        const auto keys = std::count_if(table->Columns.begin(), table->Columns.end(),
+                                        [](const auto& one) { return one.IsKey; });
+        origin.IsKey = declared->IsKey;
+        origin.IsIdentity = declared->IsKey && keys == 1 && declared->Type == Kind::I4;
+    }
+    return origin;
+}
+
 }  // namespace
 
-ResultShape::ResultShape(const dialect::Translation& translation)
+ResultShape::ResultShape(const dialect::Translation& translation, const dialect::Catalogue& catalogue)
     : Sources(translation.RowIds), Columns(translation.Columns), Translated(translation.Sql) {
-    const auto source_of = [this](const dialect::ResultColumn& column) -> std::optional<std::size_t> {
-        if (!column.Alias || !column.Column) return std::nullopt;
-        for (std::size_t i = 0; i < Sources.size(); ++i)
-            if (Sources[i].Alias == *column.Alias) return i;
-        return std::nullopt;
-    };
     for (const auto& column : Columns) {
         Fields.push_back({column.Name, column.Type, column.Table, column.Column});
         Kinds.push_back(column.Type);
         folded_.push_back(IsPlain(column.Name) ? std::string() : dialect::Fold(column.Name));
-        const auto source = source_of(column);
-        Origins.push_back(source ? std::optional(Origin{*source, *column.Column, column.Type})
-                                 : std::nullopt);
+        Origins.push_back(OriginOf(column, Sources, catalogue));
     }
 }
 
-std::optional<std::size_t> ResultShape::Find(std::string_view name) const {
-    for (std::size_t i = 0; i < Fields.size(); ++i)
+std::optional<std::size_t> ResultShape::Find(std::string_view name, std::size_t hint) const {
+    const auto count = Fields.size();
+    for (std::size_t step = 0; step < count; ++step) {
+        const auto i = hint + step < count ? hint + step : hint + step - count;
         if (EqualPlain(Fields[i].Name, name)) return i;
+    }
     if (IsPlain(name)) return std::nullopt;
     const auto at = std::find(folded_.begin(), folded_.end(), dialect::Fold(name));
     if (at == folded_.end()) return std::nullopt;

@@ -17,13 +17,15 @@ namespace FX_Algen::store {
 /// The columns of a result: the same for every run of a statement, so its runs share it.
 class ResultShape {
 public:
-    explicit ResultShape(const dialect::Translation& translation);
+    ResultShape(const dialect::Translation& translation, const dialect::Catalogue& catalogue);
 
     /// Where the values of a field are written to.
     struct Origin {
         std::size_t Source = 0;  ///< position in `Sources`
         std::string Column;
         Kind Type = Kind::Null;
+        bool IsKey = false;       ///< part of the table's primary key
+        bool IsIdentity = false;  ///< a lone integer key: the identity of the row itself
     };
 
     std::vector<ResultField> Fields;
@@ -33,8 +35,9 @@ public:
     std::vector<dialect::ResultColumn> Columns;  ///< as the dialect tells them
     std::string Translated;
 
-    /// Position of a field by its name, without regard to case.
-    std::optional<std::size_t> Find(std::string_view name) const;
+    /// Position of a field by its name, without regard to case. Loops ask for the fields of each row in the
+    /// same order, so the search begins at `hint`, and the result is the better hint for the next one.
+    std::optional<std::size_t> Find(std::string_view name, std::size_t hint = 0) const;
 
 private:
     std::vector<std::string> folded_;  ///< names of the fields; empty for those of plain letters
@@ -68,6 +71,7 @@ struct RecordsetState {
     std::vector<bool> IsEdited;  ///< which of them were set
     Value Counter;
     bool NoMatch = false;
+    std::size_t NextField = 0;  ///< the field behind the one asked for last
 
     std::size_t Width() const noexcept { return Shape->Fields.size(); }
     bool IsGone(std::size_t row) const noexcept { return !Gone.empty() && Gone[row]; }

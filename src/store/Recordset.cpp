@@ -123,7 +123,8 @@ std::int32_t Recordset::RecordCount() const noexcept { return static_cast<std::i
 const std::vector<ResultField>& Recordset::Fields() const noexcept { return state_->Shape->Fields; }
 
 std::size_t Recordset::FieldIndex(std::string_view name) const {
-    const auto index = state_->Shape->Find(name);
+    const auto index = state_->Shape->Find(name, state_->NextField);
+    if (index) state_->NextField = *index + 1 < state_->Width() ? *index + 1 : 0;
     if (!index) FailUnknownField(*state_, "Fields", name, "The result has no field");
     return *index;
 }
@@ -242,6 +243,7 @@ void Recordset::Requery() {
     state.GoneCount = 0;
     state.Position = 0;
     state.NoMatch = false;
+    state.NextField = 0;
 }
 
 void Recordset::Close() noexcept {

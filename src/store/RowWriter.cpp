@@ -24,14 +24,10 @@ std::vector<std::size_t> EditedFields(const RecordsetState& state, std::size_t s
 /// give the place of a deleted row to another one; the key tells them apart.
 std::vector<std::size_t> KeyFields(const RecordsetState& state, std::size_t source) {
     std::vector<std::size_t> fields;
-    const auto& shape = *state.Shape;
-    const auto* table = state.Store->Tables().FindTable(shape.Sources[source].Table);
-    if (table == nullptr) return fields;
     for (std::size_t i = 0; i < state.Width(); ++i) {
-        const auto& origin = shape.Origins[i];
-        if (!origin || origin->Source != source || state.At(CurrentRow(state), i).IsNull()) continue;
-        const auto* column = table->Find(origin->Column);
-        if (column != nullptr && column->IsKey) fields.push_back(i);
+        const auto& origin = state.Shape->Origins[i];
+        if (origin && origin->IsKey && origin->Source == source && !state.At(CurrentRow(state), i).IsNull())
+            fields.push_back(i);
     }
     return fields;
 }
@@ -81,16 +77,9 @@ void UpdateSource(RecordsetState& state, std::size_t source, const std::vector<s
 
 /// Where a lone integer key was set, it is the identity of the row from now on.
 void FollowKey(RecordsetState& state, std::size_t source, const std::vector<std::size_t>& fields) {
-    const auto& shape = *state.Shape;
-    const auto* table = state.Store->Tables().FindTable(shape.Sources[source].Table);
-    if (table == nullptr) return;
-    const auto keys = std::count_if(table->Columns.begin(), table->Columns.end(),
-                                    [](const dialect::ColumnInfo& column) { return column.IsKey; });
-    for (const auto field : fields) {
-        const auto* column = table->Find(shape.Origins[field]->Column);
-        if (keys == 1 && column != nullptr && column->IsKey && column->Type == Kind::I4)
+    for (const auto field : fields)
+        if (state.Shape->Origins[field]->IsIdentity)
             state.IdAt(CurrentRow(state), source) = state.Edited[field].I4();
-    }
 }
 
 /// The values written, in this row and in those that a join repeats the table's row in.

@@ -1,6 +1,7 @@
 #include "store/sqlite/SqliteStatement.h"
 
 #include <limits>
+#include <utility>
 
 #include "store/sqlite/Failure.h"
 
@@ -11,11 +12,10 @@ namespace {
 /// Parameters of the engine count from 1.
 int Parameter(std::size_t index) { return static_cast<int>(index) + 1; }
 
-std::string_view ColumnText(sqlite3_stmt* statement, int column) {
-    const auto* text =
-        static_cast<const char*>(static_cast<const void*>(sqlite3_column_text(statement, column)));
+std::string_view TextOf(sqlite3_value* value) {
+    const auto* text = static_cast<const char*>(static_cast<const void*>(sqlite3_value_text(value)));
     if (text == nullptr) return {};
-    return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
+    return {text, static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
 template <class Integer>
@@ -23,44 +23,66 @@ bool Fits(std::int64_t number) {
     return number >= std::numeric_limits<Integer>::min() && number <= std::numeric_limits<Integer>::max();
 }
 
-Value OfInteger(std::int64_t number, Kind kind) {
+// A value is made in its place: results have many of them. `Make(v)` does so from what the engine holds.
+
+template <class Make>
+void OfInteger(std::int64_t number, Kind kind, Make make) {
     switch (kind) {
         case Kind::I2:
-            if (Fits<std::int16_t>(number)) return static_cast<std::int16_t>(number);
+            if (Fits<std::int16_t>(number)) return make(static_cast<std::int16_t>(number));
             break;
         case Kind::Null:
         case Kind::I4:
-            if (Fits<std::int32_t>(number)) return static_cast<std::int32_t>(number);
+            if (Fits<std::int32_t>(number)) return make(static_cast<std::int32_t>(number));
             break;
         case Kind::Bool:
-            return number != 0;
+            return make(number != 0);
         default:
             break;
     }
     // Beyond 2^53 the nearest 64-bit float says as much as a message needs.
-    return Value(static_cast<double>(number)).As(kind);
+    make(Value(static_cast<double>(number)).As(kind));
 }
 
-Value OfReal(double number, Kind kind) {
-    if (kind == Kind::R4) return static_cast<float>(number);
-    return Value(number).As(kind);
-}
-
-Value OfText(std::string_view text, Kind kind) {
-    if (kind == Kind::Date) return Date{std::string(text)};
-    return Value(text).As(kind);
-}
-
-Value ColumnValue(sqlite3_stmt* statement, int column, Kind kind) {
-    switch (sqlite3_column_type(statement, column)) {
-        case SQLITE_NULL:
-            return {};
-        case SQLITE_INTEGER:
-            return OfInteger(sqlite3_column_int64(statement, column), kind);
-        case SQLITE_FLOAT:
-            return OfReal(sqlite3_column_double(statement, column), kind);
+template <class Make>
+void OfReal(double number, Kind kind, Make make) {
+    switch (kind) {
+        case Kind::Null:
+        case Kind::R8:
+            return make(number);
+        case Kind::R4:
+            return make(static_cast<float>(number));
         default:
-            return OfText(ColumnText(statement, column), kind);
+            return make(Value(number).As(kind));
+    }
+}
+
+template <class Make>
+void OfText(std::string_view text, Kind kind, Make make) {
+    switch (kind) {
+        case Kind::Null:
+        case Kind::Text:
+            return make(text);
+        case Kind::Date:
+            return make(Date{std::string(text)});
+        default:
+            return make(Value(text).As(kind));
+    }
+}
+
+template <class Make>
+void ColumnValue(sqlite3_stmt* statement, int column, Kind kind, Make make) {
+    // One look at the column: the connection is used by one thread alone, so the value stays as it is.
+    sqlite3_value* value = sqlite3_column_value(statement, column);
+    switch (sqlite3_value_type(value)) {
+        case SQLITE_NULL:
+            return make(Value());
+        case SQLITE_INTEGER:
+            return OfInteger(sqlite3_value_int64(value), kind, make);
+        case SQLITE_FLOAT:
+            return OfReal(sqlite3_value_double(value), kind, make);
+        default:
+            return OfText(TextOf(value), kind, make);
     }
 }
 
@@ -149,16 +171,32 @@ double SqliteStatement::Real(std::size_t column) const {
 }
 
 std::string_view SqliteStatement::Text(std::size_t column) const {
-    return ColumnText(statement_.get(), static_cast<int>(column));
+    return TextOf(sqlite3_column_value(statement_.get(), static_cast<int>(column)));
 }
 
 Value SqliteStatement::Column(std::size_t column, Kind kind) const {
-    return ColumnValue(statement_.get(), static_cast<int>(column), kind);
+    Value out;
+    ColumnValue(statement_.get(), static_cast<int>(column), kind,
+                [&out](auto&& value) { out = Value(std::forward<decltype(value)>(value)); });
+    return out;
 }
 
 void SqliteStatement::AppendRow(std::span<const Kind> kinds, std::vector<Value>& out) const {
     int column = 0;
-    for (const Kind kind : kinds) out.push_back(ColumnValue(statement_.get(), column++, kind));
+    for (const Kind kind : kinds)
+        ColumnValue(statement_.get(), column++, kind,
+                    [&out](auto&& value) { out.emplace_back(std::forward<decltype(value)>(value)); });
+}
+
+void SqliteStatement::AppendRowIds(std::size_t first, std::size_t count,
+                                   std::vector<std::optional<std::int64_t>>& out) const {
+    for (std::size_t i = 0; i < count; ++i) {
+        sqlite3_value* value = sqlite3_column_value(statement_.get(), static_cast<int>(first + i));
+        if (sqlite3_value_type(value) == SQLITE_NULL)
+            out.emplace_back();
+        else
+            out.emplace_back(sqlite3_value_int64(value));
+    }
 }
 
 std::string SqliteStatement::ColumnName(std::size_t column) const {

@@ -32,6 +32,8 @@ public:
     std::string_view Text(std::size_t column) const override;
     Value Column(std::size_t column, Kind kind) const override;
     void AppendRow(std::span<const Kind> kinds, std::vector<Value>& out) const override;
+    void AppendRowIds(std::size_t first, std::size_t count,
+                      std::vector<std::optional<std::int64_t>>& out) const override;
     std::string ColumnName(std::size_t column) const override;
     std::string DeclaredType(std::size_t column) const override;
     bool PreparedAnew() override;
