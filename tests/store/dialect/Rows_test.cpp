@@ -1,0 +1,271 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "FX_Algen/Error.h"
+#include "FX_Algen/Store.h"
+#include "store/Layout.h"
+
+// What statements give on real rows.
+namespace FX_Algen::store::dialect::testing {
+namespace {
+
+class Rows : public ::testing::Test {
+protected:
+    void SetUp() override {
+        const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
+        folder_ = ::testing::TempDir() + "fx_rows_" + test->name();
+        std::filesystem::remove_all(folder_);
+        std::filesystem::create_directories(folder_);
+        CreateDatabase(Path("project"), DatabaseKind::Project);
+        CreateDatabase(Path("report"), DatabaseKind::Report);
+        db_ = Workspace().OpenDatabase(Path("project"));
+        FillTaxa();
+        FillFindings();
+    }
+    void TearDown() override {
+        db_.reset();
+        std::error_code ignored;
+        std::filesystem::remove_all(folder_, ignored);
+    }
+
+    std::string Path(const std::string& name) const { return folder_ + "/" + name + ".db"; }
+    void Do(const std::string& statement) { db_->Execute(statement); }
+
+    /// All rows as text: columns joined by "|", Null as "Null", booleans as "-1" and "0".
+    std::vector<std::string> Of(const std::string& statement) { return Of(*db_, statement); }
+    static std::vector<std::string> Of(Database& database, const std::string& statement) {
+        std::vector<std::string> rows;
+        const RecordsetPtr set = database.OpenRecordset(statement);
+        for (; !set->Eof(); set->MoveNext()) {
+            std::string row;
+            for (std::size_t i = 0; i < set->Fields().size(); ++i) {
+                const Value& value = (*set)[i];
+                row += (i > 0 ? "|" : "") + (value.IsNull() ? std::string("Null") : value.Text());
+            }
+            rows.push_back(row);
+        }
+        return rows;
+    }
+    std::int32_t FailureOf(const std::string& statement) {
+        try {
+            Of(statement);
+        } catch (const Error& error) {
+            return error.Number();
+        }
+        return 0;
+    }
+
+private:
+    void FillTaxa() {
+        Do("INSERT INTO awaArt (ID_ART, Gattung, Art, RF, Erstellt) VALUES (1, 'Ulothrix', 'zonata', 30, "
+           "#05/12/2026#)");
+        Do("INSERT INTO awaArt (ID_ART, Gattung, Art, RF) VALUES (2, 'Äthalium', 'a_b', 20)");
+        Do("INSERT INTO awaArt (ID_ART, Gattung, Art, RF) VALUES (3, 'ÄTHALIUM', 'x#1', 10)");
+        Do("INSERT INTO awaArt (ID_ART, Gattung, Art) VALUES (4, 'Azolla', Null)");
+        Do("INSERT INTO awaArt (ID_ART, Gattung, Art) VALUES (5, 'Bangia', '')");
+        Do("INSERT INTO awaModulStandard (ID_ART, SI, Algenart) VALUES (1, 1.5, 'Makroalge')");
+        Do("INSERT INTO awaModulStandard (ID_ART, SI, Algenart) VALUES (2, 2.5, '')");
+    }
+    void FillFindings() {
+        Do("INSERT INTO awaPrStelle (ID_PS, ID_TR, PSBez) VALUES (10, 7, 'links')");
+        Do("INSERT INTO awaPrStelle (ID_PS, ID_TR, PSBez) VALUES (11, 7, 'rechts')");
+        for (const char* row : {"10,1,0,4", "11,1,0,4", "10,1,-1,6", "11,2,0,0"}) {
+            Do(std::string("INSERT INTO awaArtPrStelle (ID_PS, ID_Art, CF, Schalen_KA) VALUES(") + row +
+               ");");
+        }
+    }
+
+    std::string folder_;
+    DatabasePtr db_;
+
+protected:
+    Database& Db() { return *db_; }
+};
+
+using Expected = std::vector<std::string>;
+
+TEST_F(Rows, DistinctrowKeepsEqualFindingsOfDifferentRows) {
+    // Taxon 1 stands at both sites with 4 valves: two rows with equal values.
+    const std::string rest =
+        " ID_ART, Schalen_KA FROM awaPrStelle INNER JOIN awaArtPrStelle ON awaPrStelle.ID_PS = "
+        "awaArtPrStelle.ID_PS WHERE ID_TR=7 AND CF=0 ORDER BY ID_ART";
+    EXPECT_EQ(Of("SELECT DISTINCTROW" + rest), (Expected{"1|4", "1|4", "2|0"}));
+    EXPECT_EQ(Of("SELECT DISTINCT" + rest), (Expected{"1|4", "2|0"}));
+}
+
+TEST_F(Rows, GroupsAndDistinctCompareTextsWithoutCase) {
+    EXPECT_EQ(Of("SELECT Count(*) FROM awaArt GROUP BY Gattung"), (Expected{"2", "1", "1", "1"}));
+    EXPECT_EQ(Of("SELECT DISTINCT Gattung FROM awaArt").size(), 4U);
+}
+
+TEST_F(Rows, GroupsComeInTheirGermanOrder) {
+    // ä with a: Äthalium (a-t) before Azolla (a-z), before Bangia and Ulothrix.
+    EXPECT_EQ(Of("SELECT Min(ID_ART) AS Erste FROM awaArt GROUP BY Gattung"), (Expected{"2", "4", "5", "1"}));
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt ORDER BY Gattung DESC, ID_ART"),
+              (Expected{"1", "5", "4", "2", "3"}));
+}
+
+TEST_F(Rows, TextsAreComparedWithoutCase) {
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Gattung='äthalium' ORDER BY ID_ART"), (Expected{"2", "3"}));
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Gattung IN('AZOLLA','bangia') ORDER BY ID_ART"),
+              (Expected{"4", "5"}));
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Gattung BETWEEN 'azolla' AND 'BANGIA' ORDER BY ID_ART"),
+              (Expected{"4", "5"}));
+    // An In over Null values: the row with Null meets neither In nor Not In.
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Art NOT IN('ZONATA','a_b') ORDER BY ID_ART"),
+              (Expected{"3", "5"}));
+}
+
+TEST_F(Rows, TheEmptyTextIsNotNull) {
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Art=''"), (Expected{"5"}));
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Art Is Null"), (Expected{"4"}));
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaModulStandard WHERE (Algenart<>'')"), (Expected{"1"}));
+}
+
+TEST_F(Rows, LikeKnowsItsWildcardsAlone) {
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Gattung LIKE '*THAL*' ORDER BY ID_ART"),
+              (Expected{"2", "3"}));
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Art LIKE '?_?'"), (Expected{"2"}));
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Art LIKE 'x[#]#'"), (Expected{"3"}));
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Gattung LIKE '[A-B]*' ORDER BY ID_ART"),
+              (Expected{"4", "5"}));
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Gattung NOT LIKE '[!U]*'"), (Expected{"1"}));
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Gattung LIKE '%'"), (Expected{}));
+    EXPECT_EQ(FailureOf("SELECT ID_ART FROM awaArt WHERE Gattung LIKE 'A[b'"), ErrorNumber::SyntaxError);
+}
+
+TEST_F(Rows, PlusWithNullIsNullAmpersandIsNot) {
+    EXPECT_EQ(Of("SELECT [Gattung]+\" cf. \"+[Art], [Gattung] & ' ' & [Art] FROM awaArt WHERE ID_ART IN "
+                 "(1,4) ORDER BY ID_ART"),
+              (Expected{"Ulothrix cf. zonata|Ulothrix zonata", "Null|Azolla "}));
+}
+
+TEST_F(Rows, ArithmeticWithNullIsNull) {
+    // RF of taxon 4 is Null: the row fails the filter and gives Null in the list.
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE RF+0>=0 ORDER BY ID_ART"), (Expected{"1", "2", "3"}));
+    EXPECT_EQ(Of("SELECT RF/4 FROM awaArt WHERE ID_ART IN (1,4) ORDER BY ID_ART"), (Expected{"7.5", "Null"}));
+    EXPECT_EQ(FailureOf("SELECT RF/0 FROM awaArt WHERE ID_ART=1"), ErrorNumber::DivisionByZero);
+}
+
+TEST_F(Rows, DatesAreJoinedInGermanAndComparedAsDays) {
+    EXPECT_EQ(Of("SELECT Gattung & ' ' & Erstellt FROM awaArt WHERE Erstellt=#5/12/2026#"),
+              (Expected{"Ulothrix 12.05.2026"}));
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Erstellt<#5/12/2026#"), (Expected{}));
+    EXPECT_EQ(Of("SELECT Format([Erstellt],'dd.mm.yyyy') FROM awaArt WHERE ID_ART IN (1,2) ORDER BY ID_ART"),
+              (Expected{"12.05.2026", ""}));
+}
+
+TEST_F(Rows, ConditionsAreMinusOneAndZero) {
+    EXPECT_EQ(Of("SELECT ID_ART, RF>15, Not RF>15, IsNull(RF), RF>15=True FROM awaArt WHERE ID_ART IN "
+                 "(1,3,4) ORDER BY ID_ART"),
+              (Expected{"1|-1|0|0|-1", "3|0|-1|0|0", "4|Null|Null|-1|Null"}));
+    EXPECT_EQ(Of("SELECT IIf(RF>15,'hoch',IIf(IsNull(RF),'ohne','tief')) FROM awaArt WHERE ID_ART IN (1,3,4) "
+                 "ORDER BY ID_ART"),
+              (Expected{"hoch", "tief", "ohne"}));
+}
+
+TEST_F(Rows, DescendingPutsTrueFirst) {
+    // Taxon 1 at site 10 once plain and once with CF: the cf. row comes first when CF descends.
+    EXPECT_EQ(Of("SELECT CF, Schalen_KA FROM awaArtPrStelle WHERE ID_PS=10 ORDER BY CF DESC"),
+              (Expected{"-1|6", "0|4"}));
+    EXPECT_EQ(Of("SELECT CF, Schalen_KA FROM awaArtPrStelle WHERE ID_PS=10 ORDER BY CF"),
+              (Expected{"0|4", "-1|6"}));
+}
+
+TEST_F(Rows, AggregatesOverNoRows) {
+    EXPECT_EQ(Of("SELECT Sum(Schalen_KA), Count(*), Count(Schalen_KA) FROM awaArtPrStelle WHERE ID_PS=99"),
+              (Expected{"Null|0|0"}));
+    // 4 + 4 + 6 + 0 valves
+    EXPECT_EQ(Of("SELECT Sum(Schalen_KA) FROM awaArtPrStelle"), (Expected{"14"}));
+    EXPECT_EQ(Of("SELECT Count(RF), Avg(RF), Max(Art) FROM awaArt"), (Expected{"3|20|zonata"}));
+}
+
+TEST_F(Rows, OuterJoinsFillWithNull) {
+    EXPECT_EQ(Of("SELECT awaArt.ID_ART, SI FROM awaArt LEFT JOIN awaModulStandard ON awaArt.ID_ART = "
+                 "awaModulStandard.ID_ART "
+                 "WHERE awaArt.ID_ART<4 ORDER BY awaArt.ID_ART"),
+              (Expected{"1|1.5", "2|2.5", "3|Null"}));
+    EXPECT_EQ(Of("SELECT awaArt.ID_ART, SI FROM awaModulStandard RIGHT JOIN awaArt ON awaArt.ID_ART = "
+                 "awaModulStandard.ID_ART "
+                 "WHERE IsNull(SI) ORDER BY awaArt.ID_ART"),
+              (Expected{"3|Null", "4|Null", "5|Null"}));
+    // A join on the far side goes as a whole: taxon 3 has no finding, taxon 2 one, taxon 1 three.
+    EXPECT_EQ(Of("SELECT a.ID_ART, s.PSBez FROM awaArt a LEFT JOIN (awaArtPrStelle f INNER JOIN awaPrStelle "
+                 "s ON f.ID_PS = "
+                 "s.ID_PS) ON a.ID_ART = f.ID_ART WHERE a.ID_ART IN (2,3) ORDER BY a.ID_ART"),
+              (Expected{"2|rechts", "3|Null"}));
+    // An inner join whose condition needs the outer side keeps only the rows that have it.
+    EXPECT_EQ(Of("SELECT a.ID_ART FROM awaPrStelle s INNER JOIN (awaArt a LEFT JOIN awaArtPrStelle f ON "
+                 "a.ID_ART = f.ID_ART) ON "
+                 "s.ID_PS = f.ID_PS WHERE s.ID_PS=11 ORDER BY a.ID_ART"),
+              (Expected{"1", "2"}));
+}
+
+TEST_F(Rows, InSelectFindsItsRows) {
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE ID_ART NOT IN (SELECT ID_ART FROM awaArtPrStelle) ORDER BY "
+                 "ID_ART"),
+              (Expected{"3", "4", "5"}));
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE ID_ART IN (SELECT f.ID_ART FROM awaArtPrStelle f WHERE "
+                 "f.Schalen_KA > "
+                 "awaArt.RF - 25) ORDER BY ID_ART"),
+              (Expected{"1", "2"}));  // 6 > 30-25; 0 > 20-25
+}
+
+TEST_F(Rows, WrittenValuesTakeTheKindOfTheirColumn) {
+    Do("UPDATE awaArt SET Loeschstatus=5 WHERE ID_ART=1");
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Loeschstatus=True"), (Expected{"1"}));
+    // Half to even: 2.5 gives 2, 3.5 gives 4.
+    Do("UPDATE awaArt SET RF=2.5 WHERE ID_ART=1");
+    Do("UPDATE awaArt SET RF=7/2 WHERE ID_ART=2");
+    EXPECT_EQ(Of("SELECT RF FROM awaArt WHERE ID_ART IN (1,2) ORDER BY ID_ART"), (Expected{"2", "4"}));
+    // A 32-bit column rounds at the write: 0.1 is not held exactly.
+    Do("UPDATE awaArtPrStelle SET DG_MA=0.1");
+    EXPECT_EQ(Of("SELECT Count(*) FROM awaArtPrStelle WHERE DG_MA=0.1"), (Expected{"0"}));
+    EXPECT_EQ(Of("SELECT DISTINCT DG_MA FROM awaArtPrStelle"), (Expected{"0.1"}));
+}
+
+TEST_F(Rows, UpdateAndDeleteOverAJoinTouchTheirTableAlone) {
+    Do("UPDATE awaArtPrStelle INNER JOIN awaPrStelle ON awaArtPrStelle.ID_PS = awaPrStelle.ID_PS SET "
+       "awaArtPrStelle.Schalen_KA = 100 WHERE PSBez='RECHTS' AND ID_Art=1");
+    EXPECT_EQ(Db().RecordsAffected(), 1);
+    EXPECT_EQ(Of("SELECT ID_PS, Schalen_KA FROM awaArtPrStelle WHERE ID_ART=1 AND CF=0 ORDER BY ID_PS"),
+              (Expected{"10|4", "11|100"}));
+    // The value comes from the other table: the site's number plus the taxon's place.
+    Do("UPDATE awaArtPrStelle INNER JOIN awaArt ON awaArtPrStelle.ID_ART = awaArt.ID_ART SET "
+       "awaArtPrStelle.Schalen_KA = "
+       "awaArt.RF + awaArtPrStelle.ID_PS WHERE awaArtPrStelle.CF=0");
+    EXPECT_EQ(Of("SELECT ID_PS, ID_ART, Schalen_KA FROM awaArtPrStelle WHERE CF=0 ORDER BY ID_PS, ID_ART"),
+              (Expected{"10|1|40", "11|1|41", "11|2|31"}));
+    Do("DELETE DISTINCTROW awaArtPrStelle.* FROM awaArtPrStelle INNER JOIN awaPrStelle ON "
+       "awaArtPrStelle.ID_PS = "
+       "awaPrStelle.ID_PS WHERE ((awaPrStelle.ID_TR=7) AND (awaArtPrStelle.ID_ART=1) AND "
+       "(awaArtPrStelle.CF=False));");
+    EXPECT_EQ(Of("SELECT ID_ART, CF FROM awaArtPrStelle ORDER BY ID_ART"), (Expected{"1|-1", "2|0"}));
+    EXPECT_EQ(Of("SELECT Count(*) FROM awaPrStelle"), (Expected{"2"}));
+}
+
+TEST_F(Rows, InsertReachesAnotherDatabase) {
+    Do("INSERT INTO rpt_awaTaxaliste ( ID_Art, Gattung, CF ) IN '" + Path("report") +
+       "' SELECT ID_ART, Gattung, IsNull(Art) FROM awaArt WHERE ID_ART>3");
+    const DatabasePtr report = Workspace().OpenDatabase(Path("report"));
+    EXPECT_EQ(Of(*report, "SELECT ID_Art, Gattung, CF FROM rpt_awaTaxaliste ORDER BY ID_Art"),
+              (Expected{"4|Azolla|-1", "5|Bangia|0"}));
+}
+
+TEST_F(Rows, TheSameShapeTakesOtherConstants) {
+    // The second statement of a shape is not translated anew; what stands in the text must not be carried
+    // over.
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Art='zonata'"), (Expected{"1"}));
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Art=''"), (Expected{"5"}));
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Art='A_B'"), (Expected{"2"}));
+    EXPECT_EQ(Of("SELECT Format(Erstellt,'yyyy') FROM awaArt WHERE ID_ART=1"), (Expected{"2026"}));
+    EXPECT_EQ(Of("SELECT Format(Erstellt,'dd') FROM awaArt WHERE ID_ART=1"), (Expected{"12"}));
+    EXPECT_EQ(Of("SELECT RF, ID_ART FROM awaArt WHERE RF>0 ORDER BY 1"), (Expected{"10|3", "20|2", "30|1"}));
+    EXPECT_EQ(Of("SELECT RF, ID_ART FROM awaArt WHERE RF>0 ORDER BY 2"), (Expected{"30|1", "20|2", "10|3"}));
+}
+
+}  // namespace
+}  // namespace FX_Algen::store::dialect::testing
