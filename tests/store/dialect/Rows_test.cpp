@@ -130,8 +130,11 @@ TEST_F(Rows, LikeKnowsItsWildcardsAlone) {
               (Expected{"2", "3"}));
     EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Art LIKE '?_?'"), (Expected{"2"}));
     EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Art LIKE 'x[#]#'"), (Expected{"3"}));
+    // A range goes by German order: Ä lies between A and B.
     EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Gattung LIKE '[A-B]*' ORDER BY ID_ART"),
-              (Expected{"4", "5"}));
+              (Expected{"2", "3", "4", "5"}));
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Gattung LIKE '[BU]*' ORDER BY ID_ART"),
+              (Expected{"1", "5"}));
     EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Gattung NOT LIKE '[!U]*'"), (Expected{"1"}));
     EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE Gattung LIKE '%'"), (Expected{}));
     EXPECT_EQ(FailureOf("SELECT ID_ART FROM awaArt WHERE Gattung LIKE 'A[b'"), ErrorNumber::SyntaxError);
