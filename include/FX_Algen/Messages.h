@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -64,7 +65,7 @@ public:
 
 private:
     std::vector<std::string> answers_;
-    std::vector<ShownBox> shown_;
+    std::deque<ShownBox> shown_;
     bool busy_ = false;
 };
 

@@ -1,5 +1,6 @@
 #include "FX_Algen/Messages.h"
 
+#include <iterator>
 #include <utility>
 
 namespace FX_Algen::store {
@@ -59,7 +60,7 @@ Answer RecordingMessages::Box(std::string_view title, std::string_view text, But
             if (AnswerText(possible) == answers_.front() && Offers(buttons, possible)) answer = possible;
         answers_.erase(answers_.begin());
     }
-    if (shown_.size() == Limit) shown_.erase(shown_.begin());
+    if (shown_.size() == Limit) shown_.pop_front();
     shown_.push_back({std::string(title), std::string(text), buttons, symbol, answer});
     return answer;
 }
@@ -69,6 +70,10 @@ void RecordingMessages::SetAnswers(const std::vector<Answer>& answers) {
     for (const auto answer : answers) answers_.emplace_back(AnswerText(answer));
 }
 
-std::vector<ShownBox> RecordingMessages::TakeShown() { return std::exchange(shown_, {}); }
+std::vector<ShownBox> RecordingMessages::TakeShown() {
+    std::vector<ShownBox> out(std::make_move_iterator(shown_.begin()), std::make_move_iterator(shown_.end()));
+    shown_.clear();
+    return out;
+}
 
 }  // namespace FX_Algen::store
