@@ -6,6 +6,7 @@
 #include "FX_Algen/AL_PS.h"
 #include "FX_Algen/AL_PS_Grafik.h"
 #include "FX_Algen/Coverage.h"
+#include "FX_Algen/Create.h"
 #include "FX_Algen/Display.h"
 #include "FX_Algen/Error.h"
 #include "FX_Algen/Explain.h"

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <string>
@@ -15,7 +16,8 @@ class TestDatabase {
 public:
     explicit TestDatabase(store::DatabaseKind kind = store::DatabaseKind::Project) {
         const auto* info = testing::UnitTest::GetInstance()->current_test_info();
-        std::string name = std::string(info->test_suite_name()) + "_" + info->name() + "_Prüfung";
+        std::string name = std::string(info->test_suite_name()) + "_" + info->name() + "_" +
+                           std::to_string(getpid()) + "_Prüfung";
         for (auto& c : name)
             if (c == '/') c = '_';
         folder_ = std::filesystem::path(testing::TempDir()) / std::filesystem::path(name);
