@@ -4,6 +4,9 @@ namespace FX_Algen::cli {
 
 std::vector<std::unique_ptr<Command>> MakeCommands() {
     std::vector<std::unique_ptr<Command>> commands;
+    commands.push_back(MakeCreateCommand());
+    commands.push_back(MakeLoadCommand());
+    commands.push_back(MakeDumpCommand());
     commands.push_back(MakeAutomateCommand());
     return commands;
 }

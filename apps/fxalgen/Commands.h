@@ -10,6 +10,9 @@ namespace FX_Algen::cli {
 /// The commands in the order of the help, made anew for each call.
 std::vector<std::unique_ptr<Command>> MakeCommands();
 
+std::unique_ptr<Command> MakeCreateCommand();
+std::unique_ptr<Command> MakeLoadCommand();
+std::unique_ptr<Command> MakeDumpCommand();
 std::unique_ptr<Command> MakeAutomateCommand();
 
 }  // namespace FX_Algen::cli

@@ -21,7 +21,8 @@ public:
 
     void Arguments(CLI::App& app) override {
         app.add_option("DATABASE", database_, "Database to read")->required();
-        app.add_option("DIR", folder_, "Folder to write into; it is made where it does not exist")->required();
+        app.add_option("DIR", folder_, "Folder to write into; it is made where it does not exist")
+            ->required();
         app.add_option("--table", tables_, "Only these tables");
     }
 

@@ -21,8 +21,8 @@ std::string Line(const store::LoadProblem& problem) {
 
 }  // namespace
 
-store::LoadResult LoadWithProgress(
-    Streams& streams, const std::function<store::LoadResult(const store::LoadProgress&)>& load) {
+store::LoadResult LoadWithProgress(Streams& streams,
+                                   const std::function<store::LoadResult(const store::LoadProgress&)>& load) {
     // How many bytes there are is known with the first step.
     std::optional<Progress> bar;
     return load([&](std::uint64_t done, std::uint64_t all) {

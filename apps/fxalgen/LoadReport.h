@@ -10,8 +10,8 @@
 namespace FX_Algen::cli {
 
 /// Runs a load with a progress bar where messages go to a terminal.
-store::LoadResult LoadWithProgress(
-    Streams& streams, const std::function<store::LoadResult(const store::LoadProgress&)>& load);
+store::LoadResult LoadWithProgress(Streams& streams,
+                                   const std::function<store::LoadResult(const store::LoadProgress&)>& load);
 
 /// Tells the problems of a load, one a line: "awaArt.csv:12:ID_UFAM: …", and at the end how many there are.
 /// True where there is none.

@@ -1,6 +1,6 @@
 #include "FX_Algen/Error.h"
-#include "store/load/Tables.h"
 #include "LoadTest.h"
+#include "store/load/Tables.h"
 
 namespace FX_Algen::store {
 namespace {
