@@ -35,6 +35,9 @@ if(NOT said MATCHES "${VERSION}")
     message(FATAL_ERROR "fxalgen --version says '${said}' and not ${VERSION}")
 endif()
 
+run(${prefix}/bin/fxalgen create ${WORK_DIR}/program.db)
+must_exist(../program.db)
+
 run(${CMAKE_COMMAND} -S ${CONSUMER} -B ${WORK_DIR}/consumer -G ${GENERATOR}
     -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_BUILD_TYPE=${BUILD_TYPE} -DCMAKE_CXX_COMPILER=${CXX}
     "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}")
