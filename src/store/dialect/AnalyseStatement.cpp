@@ -110,6 +110,10 @@ void Analysis::Select(SelectTree& select, const Scope* outer) {
     for (const ExprPtr& group : select.GroupBy) Value(*group, plain);
     if (select.Having) Condition(*select.Having, aggregating);
     Order(select, aggregating);
+    if (select.Having && select.GroupBy.empty() && !aggregate) {
+        Fail(ErrorNumber::SyntaxError, select.Having->Offset,
+             "HAVING needs groups or a function over all rows");
+    }
     select.Grouped = aggregate || select.Having || !select.GroupBy.empty();
     if (select.Grouped) Grouping(select);
 }

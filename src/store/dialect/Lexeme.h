@@ -64,10 +64,18 @@ inline constexpr std::array<ByteClass, 256> ByteClasses = MakeByteClasses();
 
 inline ByteClass ClassOf(char byte) { return ByteClasses[static_cast<unsigned char>(byte)]; }
 inline bool IsDigit(char byte) { return ClassOf(byte) == ByteClass::Digit; }
-inline bool ContinuesName(char byte) {
-    const ByteClass is = ClassOf(byte);
-    return is == ByteClass::Letter || is == ByteClass::Digit;
+
+constexpr std::array<bool, 256> MakeNameBytes() {
+    std::array<bool, 256> bytes{};
+    for (std::size_t c = 0; c < bytes.size(); ++c) {
+        bytes[c] = ByteClasses[c] == ByteClass::Letter || ByteClasses[c] == ByteClass::Digit;
+    }
+    return bytes;
 }
+
+inline constexpr std::array<bool, 256> NameBytes = MakeNameBytes();
+
+inline bool ContinuesName(char byte) { return NameBytes[static_cast<unsigned char>(byte)]; }
 
 inline std::size_t SkipDigits(std::string_view text, std::size_t at) {
     while (at < text.size() && IsDigit(text[at])) ++at;
@@ -122,6 +130,37 @@ inline bool PointStartsNumber(std::string_view text, std::size_t at) {
 }
 
 }  // namespace detail
+
+/// The next place from `at` on where something other than names, symbols and single blanks stands: a
+/// literal, a bracketed name, a run of blanks, or what does not belong. The scan at each call spends its
+/// time here.
+inline std::size_t SkipPlain(std::string_view text, std::size_t at) {
+    using detail::ByteClass;
+    const std::size_t size = text.size();
+    while (at < size) {
+        switch (detail::ClassOf(text[at])) {
+            case ByteClass::Letter:
+                do ++at;
+                while (at < size && detail::ContinuesName(text[at]));
+                break;
+            case ByteClass::Symbol:
+                ++at;
+                break;
+            case ByteClass::Point:
+                if (detail::PointStartsNumber(text, at)) return at;
+                ++at;
+                break;
+            case ByteClass::Blank:
+                if (text[at] != ' ' || at + 1 == size || detail::ClassOf(text[at + 1]) == ByteClass::Blank)
+                    return at;
+                ++at;
+                break;
+            default:
+                return at;
+        }
+    }
+    return at;
+}
 
 /// The piece that starts at `at`.
 inline Lexeme NextLexeme(std::string_view text, std::size_t at) {

@@ -103,7 +103,7 @@ char MarkOf(Lexeme::Type type, std::string_view raw) {
 void ScanShape(std::string_view statement, Shape& shape) {
     KeyBuilder key(statement, shape.Key);
     shape.Literals.clear();
-    for (std::size_t at = 0; at < statement.size();) {
+    for (std::size_t at = SkipPlain(statement, 0); at < statement.size(); at = SkipPlain(statement, at)) {
         const Lexeme lexeme = NextLexeme(statement, at);
         switch (lexeme.Is) {
             case Lexeme::Type::Number:

@@ -170,6 +170,13 @@ TEST_F(Rows, ConditionsAreMinusOneAndZero) {
               (Expected{"hoch", "tief", "ohne"}));
 }
 
+TEST_F(Rows, TestsOfTextsAndListsAreValuesToo) {
+    EXPECT_EQ(Of("SELECT Gattung Like 'U*', ID_ART In (1,2), RF Between 5 And 15, Not Gattung Like 'U*' FROM "
+                 "awaArt "
+                 "WHERE ID_ART IN (1,3) ORDER BY ID_ART"),
+              (Expected{"-1|-1|0|0", "0|0|-1|-1"}));
+}
+
 TEST_F(Rows, DescendingPutsTrueFirst) {
     // Taxon 1 at site 10 once plain and once with CF: the cf. row comes first when CF descends.
     EXPECT_EQ(Of("SELECT CF, Schalen_KA FROM awaArtPrStelle WHERE ID_PS=10 ORDER BY CF DESC"),
@@ -228,6 +235,18 @@ TEST_F(Rows, WrittenValuesTakeTheKindOfTheirColumn) {
     Do("UPDATE awaArtPrStelle SET DG_MA=0.1");
     EXPECT_EQ(Of("SELECT Count(*) FROM awaArtPrStelle WHERE DG_MA=0.1"), (Expected{"0"}));
     EXPECT_EQ(Of("SELECT DISTINCT DG_MA FROM awaArtPrStelle"), (Expected{"0.1"}));
+}
+
+TEST_F(Rows, UpdateAndDeleteTakeAnAlias) {
+    Do("UPDATE awaArt AS a SET a.RF=a.RF+a.ID_ART WHERE a.ID_ART<3");
+    EXPECT_EQ(Of("SELECT RF FROM awaArt WHERE ID_ART<4 ORDER BY ID_ART"), (Expected{"31", "22", "10"}));
+    Do("DELETE * FROM awaArt a WHERE a.RF IS NULL");
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt ORDER BY ID_ART"), (Expected{"1", "2", "3"}));
+}
+
+TEST_F(Rows, HavingWithoutGroupsLooksAtTheWhole) {
+    EXPECT_EQ(Of("SELECT Sum(Schalen_KA) FROM awaArtPrStelle HAVING Count(*)>3"), (Expected{"14"}));
+    EXPECT_EQ(Of("SELECT Sum(Schalen_KA) FROM awaArtPrStelle HAVING Count(*)>4"), (Expected{}));
 }
 
 TEST_F(Rows, UpdateAndDeleteOverAJoinTouchTheirTableAlone) {
