@@ -51,12 +51,9 @@ ResultShape::ResultShape(const dialect::Translation& translation, const dialect:
     }
 }
 
-std::optional<std::size_t> ResultShape::Find(std::string_view name, std::size_t hint) const {
-    const auto count = Fields.size();
-    for (std::size_t step = 0; step < count; ++step) {
-        const auto i = hint + step < count ? hint + step : hint + step - count;
+std::optional<std::size_t> ResultShape::Find(std::string_view name) const {
+    for (std::size_t i = 0; i < Fields.size(); ++i)
         if (EqualPlain(Fields[i].Name, name)) return i;
-    }
     if (IsPlain(name)) return std::nullopt;
     const auto at = std::find(folded_.begin(), folded_.end(), dialect::Fold(name));
     if (at == folded_.end()) return std::nullopt;

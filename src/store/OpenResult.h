@@ -35,9 +35,8 @@ public:
     std::vector<dialect::ResultColumn> Columns;  ///< as the dialect tells them
     std::string Translated;
 
-    /// Position of a field by its name, without regard to case. Loops ask for the fields of each row in the
-    /// same order, so the search begins at `hint`, and the result is the better hint for the next one.
-    std::optional<std::size_t> Find(std::string_view name, std::size_t hint = 0) const;
+    /// Position of a field by its name, without regard to case.
+    std::optional<std::size_t> Find(std::string_view name) const;
 
 private:
     std::vector<std::string> folded_;  ///< names of the fields; empty for those of plain letters
@@ -73,7 +72,7 @@ struct RecordsetState {
     bool NoMatch = false;
     std::size_t NextField = 0;  ///< the field behind the one asked for last
 
-    std::size_t Width() const noexcept { return Shape->Fields.size(); }
+    std::size_t Width() const noexcept { return Shape->Kinds.size(); }
     bool IsGone(std::size_t row) const noexcept { return !Gone.empty() && Gone[row]; }
     const Value& At(std::size_t row, std::size_t field) const { return Rows.Values[row * Width() + field]; }
     Value& At(std::size_t row, std::size_t field) { return Rows.Values[row * Width() + field]; }

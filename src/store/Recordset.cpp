@@ -77,7 +77,7 @@ void StartEdit(RecordsetState& state, Mode mode) {
 const Value& FieldOf(const RecordsetState& state, std::size_t index) {
     if (state.EditMode == Mode::AddNew || (state.EditMode == Mode::Edit && state.IsEdited[index]))
         return state.Edited[index];
-    NeedRow(state, "Fields");
+    if (!state.Store || !IsOnRow(state)) NeedRow(state, "Fields");
     return state.At(static_cast<std::size_t>(state.Position), index);
 }
 
@@ -123,10 +123,17 @@ std::int32_t Recordset::RecordCount() const noexcept { return static_cast<std::i
 const std::vector<ResultField>& Recordset::Fields() const noexcept { return state_->Shape->Fields; }
 
 std::size_t Recordset::FieldIndex(std::string_view name) const {
-    const auto index = state_->Shape->Find(name, state_->NextField);
-    if (index) state_->NextField = *index + 1 < state_->Width() ? *index + 1 : 0;
-    if (!index) FailUnknownField(*state_, "Fields", name, "The result has no field");
-    return *index;
+    // A loop asks for the fields of each row in the same order.
+    auto& next = state_->NextField;
+    const auto& fields = state_->Shape->Fields;
+    std::size_t field = next;
+    if (field >= fields.size() || fields[field].Name != name) {
+        const auto index = state_->Shape->Find(name);
+        if (!index) FailUnknownField(*state_, "Fields", name, "The result has no field");
+        field = *index;
+    }
+    next = field + 1 < fields.size() ? field + 1 : 0;
+    return field;
 }
 
 const Value& Recordset::operator[](std::string_view name) const { return FieldOf(*state_, FieldIndex(name)); }
