@@ -84,10 +84,8 @@ void FollowKey(RecordsetState& state, std::size_t source, const std::vector<std:
 
 /// The values written, in this row and in those that a join repeats the table's row in.
 void ShowWritten(RecordsetState& state, std::size_t source, const std::vector<std::size_t>& fields) {
-    const auto current = CurrentRow(state);
-    const RowId id = state.IdAt(current, source);
-    const bool is_join = state.Shape->Sources.size() > 1;
-    for (std::size_t row = is_join ? 0 : current; row < (is_join ? state.Rows.Count : current + 1); ++row)
+    const RowId id = state.IdAt(CurrentRow(state), source);
+    for (std::size_t row = 0; row < state.Rows.Count; ++row)
         if (state.IdAt(row, source) == id)
             for (const auto field : fields) state.At(row, field) = state.Edited[field];
 }

@@ -88,7 +88,7 @@ TEST_F(RecordsetEdit, WithoutARowInEditNothingCanBeSet) {
 
 TEST_F(RecordsetEdit, AFailedUpdateKeepsTheRowInEdit) {
     const auto rows =
-        db_->OpenRecordset("SELECT * FROM awaArtPrStelle WHERE ID_PS=1 AND ID_ART=2 ORDER BY CF DESC");
+        db_->OpenRecordset("SELECT * FROM awaArtPrStelle WHERE ID_PS=1 AND ID_ART=2 ORDER BY CF");
     rows->Edit();
     rows->Collect("CF", true);
     rows->Collect("Schalen_KA", 55);
@@ -251,6 +251,18 @@ TEST_F(RecordsetEdit, AJoinWritesToTheTableOfEachColumn) {
     EXPECT_EQ(FailureNumber([&] { rows->Delete(); }), ErrorNumber::NoCurrentRecord);
     rows->Edit();
     EXPECT_EQ(FailureNumber([&] { rows->Collect("Doppelt", 1); }), ErrorNumber::UnknownField);
+}
+
+TEST_F(RecordsetEdit, ATableThatAJoinRepeatsShowsTheSameValueInEachRow) {
+    const auto rows = db_->OpenRecordset(
+        "SELECT awaArt.Name FROM awaArt INNER JOIN awaArtPrStelle AS f ON awaArt.ID_ART=f.ID_ART "
+        "WHERE awaArt.ID_ART=1");
+    ASSERT_EQ(rows->RecordCount(), 2);
+    rows->Edit();
+    rows->Collect("Name", "Oedogonium");
+    rows->Update();
+    rows->MoveNext();
+    EXPECT_EQ((*rows)["Name"], Value("Oedogonium"));
 }
 
 TEST_F(RecordsetEdit, AJoinIsWrittenWhollyOrNotAtAll) {

@@ -58,7 +58,8 @@ struct ResultColumn {
 };
 
 /// A hidden column behind the visible ones that carries the row identity of a base table of an updatable
-/// SELECT; Null in the row where an outer join found no row.
+/// SELECT; Null in the row where an outer join found no row. Of a join, the tables that have columns in the
+/// result have one.
 struct RowIdColumn {
     std::string Alias;
     std::string Table;

@@ -37,6 +37,13 @@ bool KeepsKind(const Expr& expr) {
     return expr.Type == Kind::Text || expr.Type == Kind::R8;
 }
 
+bool ShowsColumnOf(const SelectTree& select, const TableRef& source) {
+    return std::any_of(select.Items.begin(), select.Items.end(), [&source](const SelectItem& item) {
+        const auto* column = std::get_if<ColumnNode>(&item.Value->Node);
+        return column != nullptr && column->Source == &source;
+    });
+}
+
 }  // namespace
 
 void Writer::Statement(const StatementTree& tree) {
@@ -58,7 +65,10 @@ std::vector<RowIdColumn> Writer::RowIds(const SelectTree& select) {
     std::vector<RowIdColumn> columns;
     for (const TableRef* source : select.Sources) {
         if (source->Table->IsView) return {};
-        if (!source->InsideOuter) columns.push_back({source->Label, source->Table->Name});
+        // A table of a join none of whose columns is shown cannot be changed: its identity would be
+        // fetched for nothing, row by row.
+        const bool wanted = select.Sources.size() == 1 || ShowsColumnOf(select, *source);
+        if (wanted && !source->InsideOuter) columns.push_back({source->Label, source->Table->Name});
     }
     return columns;
 }
