@@ -10,6 +10,7 @@
 #include "FX_Algen/Display.h"
 #include "FX_Algen/Error.h"
 #include "FX_Algen/Explain.h"
+#include "FX_Algen/Load.h"
 #include "FX_Algen/Messages.h"
 #include "FX_Algen/Store.h"
 #include "FX_Algen/Texts.h"
