@@ -413,11 +413,14 @@ void ExecuteAgainstBare(benchmark::State& state) {
         plain.push_back(Timed(1, file.SubHabitats, [&](int id) { bare.Execute(id); }));
         CheckSame(indices, Indices(database));
     }
-    state.counters["gateway_us"] = Median(gateway) * 1e6;
-    state.counters["bare_us"] = Median(plain) * 1e6;
-    state.counters["ratio"] = Median(gateway) / Median(plain);
+    // The best round of each side: other work on the machine only ever adds time.
+    const double throughGateway = *std::min_element(gateway.begin(), gateway.end());
+    const double onEngine = *std::min_element(plain.begin(), plain.end());
+    state.counters["gateway_us"] = throughGateway * 1e6;
+    state.counters["bare_us"] = onEngine * 1e6;
+    state.counters["ratio"] = throughGateway / onEngine;
 }
-BENCHMARK(ExecuteAgainstBare)->Unit(benchmark::kMillisecond)->Iterations(20);
+BENCHMARK(ExecuteAgainstBare)->Unit(benchmark::kMillisecond)->Iterations(40);
 
 /// Greatest memory of the process so far, in MB; 0 where the system does not tell.
 double PeakMegabytes() {

@@ -23,11 +23,6 @@ struct Aufruf {
 /// Reads the covers of the sub-habitat; without a row both stay 0. Fails with 94 on a Null in one of them.
 void LiesTeilraum(const Aufruf& aufruf, Grundlagen& basis);
 
-/// Calls `bestand` with each mixed stand, in the order of their keys. The share of a stand is computed before
-/// its taxa are read, so a Null cover fails with 94 even where the stand has none.
-template <class Fuer>
-void FuerBestaende(const Aufruf& aufruf, Grundlagen& basis, Fuer bestand);
-
 /// Reads the sum of counted valves; 0 where there are none.
 void LiesSchalensumme(const Aufruf& aufruf, Grundlagen& basis);
 
@@ -57,6 +52,8 @@ private:
     store::RecordsetPtr zeilen_;
 };
 
+/// Calls `bestand` with each mixed stand, in the order of their keys. The share of a stand is computed before
+/// its taxa are read, so a Null cover fails with 94 even where the stand has none.
 template <class Fuer>
 void FuerBestaende(const Aufruf& aufruf, Grundlagen& basis, Fuer bestand) {
     Bestandsleser leser(aufruf);
