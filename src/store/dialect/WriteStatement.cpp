@@ -44,6 +44,11 @@ bool ShowsColumnOf(const SelectTree& select, const TableRef& source) {
     });
 }
 
+bool NeedsConversion(const Expr& value, const ColumnInfo& column) {
+    if (IsNullConstant(value)) return false;
+    return !KeepsKind(value) || !FitsAsItIs(value.Type, column.Type);
+}
+
 }  // namespace
 
 void Writer::Statement(const StatementTree& tree) {
@@ -215,7 +220,7 @@ void Writer::Written(const Expr& value, const ColumnInfo& column) {
         Parameter(binding);
         return;
     }
-    if (IsNullConstant(value) || (KeepsKind(value) && FitsAsItIs(value.Type, column.Type))) {
+    if (!NeedsConversion(value, column)) {
         Value(value);
         return;
     }
@@ -240,7 +245,11 @@ void Writer::Action(const InsertTree& insert) {
     }
     if (insert.Select) {
         sql_ += ") ";
-        Select(*insert.Select, insert.TargetColumns, {});
+        if (insert.Select->Distinct) {
+            DistinctRows(insert);
+        } else {
+            Select(*insert.Select, insert.TargetColumns, {});
+        }
         return;
     }
     sql_ += ") VALUES";
@@ -251,6 +260,32 @@ void Writer::Action(const InsertTree& insert) {
         separator = ", ";
     }
     sql_ += ")";
+}
+
+void Writer::DistinctRows(const InsertTree& insert) {
+    // Rows are told apart before they are converted: two that differ may be the same in the columns' kinds.
+    static constexpr std::string_view Rows = "fx_rows";
+    const std::size_t count = insert.TargetColumns.size();
+    const auto name = [](std::size_t i) { return "v" + std::to_string(i); };
+    sql_ += "WITH ";
+    Quoted(Rows);
+    for (std::size_t i = 0; i < count; ++i) {
+        sql_ += i == 0 ? " (" : ", ";
+        Quoted(name(i));
+    }
+    sql_ += ") AS (";
+    Select(*insert.Select, {}, {});
+    sql_ += ")";
+    for (std::size_t i = 0; i < count; ++i) {
+        const ColumnInfo& column = *insert.TargetColumns[i];
+        const bool converts = NeedsConversion(*insert.Select->Items[i].Value, column);
+        sql_ += i == 0 ? " SELECT " : ", ";
+        if (converts) sql_ += std::string(names::To) + "(";
+        Quoted(name(i));
+        if (converts) sql_ += ", " + std::to_string(static_cast<int>(column.Type)) + ")";
+    }
+    sql_ += " FROM ";
+    Quoted(Rows);
 }
 
 void Writer::Target(const TableRef& target) {

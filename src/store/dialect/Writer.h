@@ -69,6 +69,7 @@ private:
     void OrderBy(const SelectTree& select);
     void OrderTerm(const Expr& expr, bool descending, std::string_view& separator);
     void Action(const InsertTree& insert);
+    void DistinctRows(const InsertTree& insert);
     void Action(const UpdateTree& update);
     void Action(const DeleteTree& tree);
     void UpdateFromOthers(const UpdateTree& update);

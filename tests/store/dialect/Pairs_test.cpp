@@ -201,6 +201,16 @@ TEST(Pairs, Inserts) {
     });
 }
 
+TEST(Pairs, DistinctRowsAreConvertedBehindTheComparison) {
+    ExpectPairs({
+        {"INSERT INTO awaArtPrStelle (ID_PS, CF) SELECT DISTINCT ID_TR, ID_PS FROM awaPrStelle",
+         "INSERT INTO \"awaArtPrStelle\" (\"ID_PS\", \"CF\") WITH \"fx_rows\" (\"v0\", \"v1\") AS (SELECT "
+         "DISTINCT "
+         "\"awaPrStelle\".\"ID_TR\", \"awaPrStelle\".\"ID_PS\" FROM \"awaPrStelle\") SELECT \"v0\", "
+         "fx_to(\"v1\", 5) FROM \"fx_rows\""},
+    });
+}
+
 TEST(Pairs, InsertsIntoAnotherDatabase) {
     const std::string select =
         "SELECT \"awaTeilraum_MI\".\"ID_TR\", \"awaTeilraum_MI\".\"DG_MI\" FROM \"awaTeilraum_MI\"";

@@ -277,6 +277,14 @@ TEST_F(Rows, InsertReachesAnotherDatabase) {
               (Expected{"4|Azolla|-1", "5|Bangia|0"}));
 }
 
+TEST_F(Rows, DistinctRowsOfAnInsertAreToldApartBeforeTheyAreConverted) {
+    // Of the rows 1|4, 1|4, 1|6 the equal two are one.
+    Do("INSERT INTO sesErgProjektTmp (ID_TR, n) SELECT DISTINCT ID_ART, Schalen_KA/20 FROM awaArtPrStelle "
+       "WHERE ID_ART=1");
+    // 4/20 and 6/20, so 0.2 and 0.3, both round to 0 in the column and are two rows all the same.
+    EXPECT_EQ(Of("SELECT ID_TR, n FROM sesErgProjektTmp"), (Expected{"1|0", "1|0"}));
+}
+
 TEST_F(Rows, TheSameShapeTakesOtherConstants) {
     // The second statement of a shape is not translated anew; what stands in the text must not be carried
     // over.
