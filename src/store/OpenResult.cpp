@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "store/SchemaCatalogue.h"
+
 namespace FX_Algen::store {
 
 namespace {
@@ -26,7 +28,7 @@ std::optional<ResultShape::Origin> OriginOf(const dialect::ResultColumn& column,
     if (source == sources.end()) return std::nullopt;
     ResultShape::Origin origin;
     origin.Source = static_cast<std::size_t>(source - sources.begin());
-    origin.Column = *column.Column;
+    origin.Column = Quoted(*column.Column);
     origin.Type = column.Type;
     const auto* table = catalogue.FindTable(source->Table);
     const auto* declared = table != nullptr ? table->Find(*column.Column) : nullptr;

@@ -22,7 +22,7 @@ public:
     /// Where the values of a field are written to.
     struct Origin {
         std::size_t Source = 0;  ///< position in `Sources`
-        std::string Column;
+        std::string Column;      ///< name in quotes, as the engine reads it
         Kind Type = Kind::Null;
         bool IsKey = false;       ///< part of the table's primary key
         bool IsIdentity = false;  ///< a lone integer key: the identity of the row itself

@@ -35,7 +35,7 @@ std::vector<std::size_t> KeyFields(const RecordsetState& state, std::size_t sour
 std::string Condition(const RecordsetState& state, const std::vector<std::size_t>& keys) {
     std::string sql = " WHERE rowid=?";
     for (const auto field : keys)
-        sql.append(" AND ").append(Quoted(state.Shape->Origins[field]->Column)).append("=?");
+        sql.append(" AND ").append(state.Shape->Origins[field]->Column).append("=?");
     return sql;
 }
 
@@ -64,7 +64,7 @@ void UpdateSource(RecordsetState& state, std::size_t source, const std::vector<s
     std::string sql = "UPDATE " + Quoted(shape.Sources[source].Table) + " SET ";
     for (const auto field : fields) {
         if (field != fields.front()) sql += ", ";
-        sql.append(Quoted(shape.Origins[field]->Column)).append("=?");
+        sql.append(shape.Origins[field]->Column).append("=?");
     }
     sql += Condition(state, keys);
 
@@ -96,7 +96,7 @@ void AppendNewRow(RecordsetState& state, std::int64_t id) {
     std::string sql = "SELECT ";
     for (std::size_t i = 0; i < state.Width(); ++i) {
         if (i > 0) sql += ", ";
-        sql += shape.Origins[i] ? Quoted(shape.Origins[i]->Column) : "NULL";
+        sql += shape.Origins[i] ? shape.Origins[i]->Column : "NULL";
     }
     sql += " FROM " + Quoted(shape.Sources.front().Table) + " WHERE rowid=?";
     auto& statement = state.Store->OwnStatement(sql);
@@ -147,7 +147,7 @@ void WriteNewRow(RecordsetState& state) {
     std::string names;
     std::string places;
     for (const auto field : fields) {
-        names.append(names.empty() ? "" : ", ").append(Quoted(shape.Origins[field]->Column));
+        names.append(names.empty() ? "" : ", ").append(shape.Origins[field]->Column);
         places.append(places.empty() ? "?" : ", ?");
     }
     const auto sql = "INSERT INTO " + Quoted(table) +
