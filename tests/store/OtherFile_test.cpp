@@ -67,6 +67,19 @@ TEST_F(OtherFile, OnlySomeFilesStayAttached) {
         }
 }
 
+TEST_F(OtherFile, ReportRowsDoNotWaitForTheDisk) {
+    const auto synchronous = [this](const std::string& schema) {
+        const auto statement = TheConnection().TheEngine().Prepare("PRAGMA " + schema + ".synchronous");
+        statement->Step();
+        return statement->Integer(0);
+    };
+    constexpr int normal = 1;
+    constexpr int full = 2;
+    db_->Execute(InsertInto(Report("Bericht.db")));
+    EXPECT_EQ(synchronous("fx1"), normal);
+    EXPECT_EQ(synchronous("main"), full);
+}
+
 TEST_F(OtherFile, AFileThatTookThePathLaterIsWrittenTo) {
     const auto report = Report("Bericht.db");
     db_->Execute(InsertInto(report));
