@@ -254,7 +254,7 @@ void Connection::Detach(std::list<Attachment>::iterator attachment) {
 }
 
 std::string Connection::AttachUnchecked(const std::string& path) {
-    const auto schema = "fx" + std::to_string(++attached_count_);
+    auto schema = "fx" + std::to_string(++attached_count_);
     const auto statement = engine_->Prepare("ATTACH DATABASE ?1 AS " + Quoted(schema));
     statement->Bind(0, Value(path));
     statement->Step();
