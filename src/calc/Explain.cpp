@@ -50,7 +50,7 @@ bool HatZeile(store::Database& database, const std::string& abfrage) {
 
 std::string Teilraumname(store::Database& database, const std::string& id) {
     const auto zeilen = database.OpenRecordset("SELECT TRBez FROM Teilraum WHERE ID_TR=" + id + ";");
-    const std::string name = zeilen->Eof() || (*zeilen)[0].IsNull() ? std::string() : (*zeilen)[0].Text();
+    std::string name = zeilen->Eof() || (*zeilen)[0].IsNull() ? std::string() : (*zeilen)[0].Text();
     zeilen->Close();
     return name;
 }
