@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "FX_Algen/Runden.h"
 #include "FX_Algen/Store.h"
 #include "FX_Algen/Value.h"
 #include "store/Strings.h"
@@ -63,11 +64,6 @@ enum class Vergleich : std::uint8_t {
 /// is one piece, and so is any text where `trenner` is empty. Fails with 6 beyond 32767 pieces.
 std::int16_t Liste_Teilen(std::string_view text, std::string_view trenner, Vergleich vergleich,
                           std::vector<std::string>& liste);
-
-/// Commercial rounding to `stellen` decimal places, robust against the noise of floating point: halves go
-/// up towards plus infinity, and what lies within half of the 4th place behind the last kept one counts
-/// as a half. So 2.49999 gives 3 and 0.125 at two places 0.13, but -0.125 gives -0.12.
-double Runden(double wert, std::int16_t stellen);
 
 /// Numeric text of a boolean for statements: "-1" or "0".
 std::string_view Bool_Text(bool wert) noexcept;

@@ -1,0 +1,57 @@
+#include <CLI/CLI.hpp>
+#include <ostream>
+
+#include "FX_Algen/Explain.h"
+#include "fxalgen/Commands.h"
+#include "fxalgen/ExplanationText.h"
+#include "fxalgen/Scope.h"
+
+namespace FX_Algen::cli {
+
+namespace {
+
+class ExplainCommand : public Command {
+public:
+    std::string_view Name() const override { return "explain"; }
+    std::string_view Description() const override {
+        return "Tell finding by finding how the indices of one sub-habitat come about.";
+    }
+    std::string_view Example() const override {
+        return "  fxalgen explain project.db Teilraum:17\n"
+               "  fxalgen explain project.db Teilraum:17 --format json --lang en";
+    }
+
+    void Arguments(CLI::App& app) override {
+        app.add_option("PROJECT", path_, "Project database")->required();
+        app.add_option("TEILRAUM", scope_, "The sub-habitat: Teilraum:<ID_TR>")->required();
+        app.add_option("--format", format_, "text for people or json (default text)")
+            ->check(CLI::IsMember({"text", "json"}));
+    }
+
+    Exit Execute(Streams& streams) override {
+        const Scope scope = ParseScope(scope_);
+        if (scope.What != Scope::Kind::Teilraum) {
+            throw UsageError("'" + scope_ + "' is no sub-habitat; write Teilraum:<ID_TR>");
+        }
+        const store::DatabasePtr database = store::Workspace().OpenDatabase(path_);
+        const std::vector<Teilraum> list = ReadTeilraeume(*database, scope);
+        const Explanation explanation = Explain(database, list.front().ID_TR);
+        if (format_ == "json") {
+            streams.Out << ExplanationAsJson(explanation).dump(2) << '\n';
+        } else {
+            PrintExplanation(streams.Out, explanation, list.front(), SprachID());
+        }
+        return Exit::Done;
+    }
+
+private:
+    std::string path_;
+    std::string scope_;
+    std::string format_ = "text";
+};
+
+}  // namespace
+
+std::unique_ptr<Command> MakeExplainCommand() { return std::make_unique<ExplainCommand>(); }
+
+}  // namespace FX_Algen::cli

@@ -1,0 +1,46 @@
+#include "fxalgen/Json.h"
+
+#include <charconv>
+
+#include "FX_Algen/Error.h"
+#include "fxalgen/Utf8.h"
+
+namespace FX_Algen::cli {
+
+namespace {
+
+/// The 64-bit number whose shortest text is that of the 32-bit one: 1.8 and not 1.7999999523162842.
+double Widened(float value) {
+    const std::string text = store::NumberText(value);
+    double wide = value;
+    std::from_chars(text.data(), text.data() + text.size(), wide);
+    return wide;
+}
+
+}  // namespace
+
+Json ToJson(const store::Value& value, const std::string& where) {
+    switch (value.kind()) {
+        case store::Kind::Null:
+            return nullptr;
+        case store::Kind::I2:
+        case store::Kind::I4:
+            return value.I4();
+        case store::Kind::R4:
+            return Widened(value.R4());
+        case store::Kind::R8:
+            return value.R8();
+        case store::Kind::Bool:
+            return value.Bool();
+        case store::Kind::Text:
+        case store::Kind::Date:
+            break;
+    }
+    std::string text = value.Text();
+    if (FirstBadByte(text)) {
+        throw Error(ErrorNumber::TypeMismatch, "the text in " + where + " is not UTF-8");
+    }
+    return text;
+}
+
+}  // namespace FX_Algen::cli

@@ -1,2 +1,0 @@
-// The commands are added to this library file by file.
-namespace FX_Algen {}

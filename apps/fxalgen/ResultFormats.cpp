@@ -1,0 +1,182 @@
+#include <algorithm>
+#include <ostream>
+
+#include "FX_Algen/Texts.h"
+#include "fxalgen/Json.h"
+#include "fxalgen/Lauf.h"
+#include "fxalgen/Results.h"
+#include "fxalgen/Table.h"
+#include "fxalgen/Words.h"
+
+namespace FX_Algen::cli {
+
+namespace {
+
+/// Columns that tell which sub-habitat a row is: all names in the first block, fewer in those below it.
+struct NameColumn {
+    std::string_view Field;
+    std::int16_t Caption;
+    bool FirstBlockOnly;
+};
+
+constexpr NameColumn NameColumns[] = {
+    {"PRJBez", words::Projekt, true},    {"ABBez", words::Abschnitt, true}, {"USBez", words::Stelle, false},
+    {"USDatumVon", words::Datum, false}, {"TRBez", words::Teilraum, false},
+};
+
+std::string Mark(const store::Value& status) {
+    if (status.IsNull()) return {};
+    if (status.Text() == LaufStandText(LaufStand::OutOfDate)) return "!";
+    if (status.Text() == LaufStandText(LaufStand::Incomplete)) return "x";
+    if (status.Text() == LaufStandText(LaufStand::Unknown)) return "?";
+    return {};
+}
+
+std::string Cell(const store::Value& value, Show as, std::int16_t SprachID) {
+    if (value.IsNull()) return {};
+    switch (as) {
+        case Show::Text:
+            return DisplayText(value, SprachID);
+        case Show::Index:
+            // An index of 0 is no clean water but no index at all.
+            return value.R8() == 0 ? "-" : DisplayNumber(value.R8(), 2, SprachID);
+        case Show::Quantity:
+            return DisplayNumber(value.R8(), 3, SprachID);
+        case Show::Share:
+            return DisplayNumber(value.R8(), 1, SprachID);
+        case Show::Count:
+            break;
+    }
+    return DisplayNumber(value.R8(), 0, SprachID);
+}
+
+/// Name of the sub-habitat's row: a second one from the diatoms alone is marked.
+std::string NameCell(const Record& record, const NameColumn& column, std::int16_t SprachID) {
+    std::string text = DisplayText(record[column.Field], SprachID);
+    const store::Value& onlyKA = record["KAOnly"];
+    if (column.Field == "TRBez" && !onlyKA.IsNull() && onlyKA.Bool()) text += " [KA]";
+    return text;
+}
+
+void PrintBlock(std::ostream& out, const ResultKind& kind, const ResultBlock& block, const ResultSet& results,
+                std::int16_t SprachID) {
+    const bool first = &block == &kind.Blocks.front();
+    const bool withState = kind.IsClassic && first;
+    Table table;
+    table.AddColumn("ID", Table::Align::Right);
+    for (const NameColumn& column : NameColumns) {
+        if (first || !column.FirstBlockOnly)
+            table.AddColumn(Text(column.Caption, SprachID), Table::Align::Left);
+    }
+    for (const ResultColumn& column : block.Columns) {
+        table.AddColumn(column.Caption == 0 ? std::string(column.Field) : Text(column.Caption, SprachID),
+                        column.As == Show::Text ? Table::Align::Left : Table::Align::Right);
+    }
+    if (withState) table.AddColumn(Text(words::Stand, SprachID), Table::Align::Left);
+
+    for (const Record& record : results.Records) {
+        std::vector<std::string> cells{DisplayText(record["ID"], SprachID)};
+        for (const NameColumn& column : NameColumns) {
+            if (first || !column.FirstBlockOnly) cells.push_back(NameCell(record, column, SprachID));
+        }
+        for (const ResultColumn& column : block.Columns) {
+            cells.push_back(Cell(record[column.Field], column.As, SprachID));
+        }
+        if (withState) cells.push_back(Mark(record[StatusField]));
+        table.AddRow(std::move(cells));
+    }
+    out << Text(block.Title, SprachID) << "\n\n";
+    table.Print(out, 2);
+    out << '\n';
+}
+
+template <typename Predicate>
+bool AnyRecord(const ResultSet& results, Predicate predicate) {
+    return std::any_of(results.Records.begin(), results.Records.end(), predicate);
+}
+
+bool ShowsNoIndex(const ResultKind& kind, const ResultSet& results) {
+    return AnyRecord(results, [&](const Record& record) {
+        for (const ResultBlock& block : kind.Blocks) {
+            for (const ResultColumn& column : block.Columns) {
+                if (column.As == Show::Index && Cell(record[column.Field], column.As, 0) == "-") return true;
+            }
+        }
+        return false;
+    });
+}
+
+/// What the marks mean, only those that occur, and what the table does not show.
+void PrintLegend(std::ostream& out, const ResultKind& kind, const ResultSet& results, std::int16_t SprachID) {
+    const auto occurs = [&](LaufStand stand) {
+        return AnyRecord(results, [&](const Record& record) {
+            return record[StatusField] == store::Value(LaufStandText(stand));
+        });
+    };
+    const auto line = [&](std::int16_t offset) { out << Text(offset, SprachID) << '\n'; };
+    if (AnyRecord(results, [](const Record& r) { return !r["IstWRRL"].IsNull() && r["IstWRRL"].Bool(); })) {
+        line(words::Variant);
+    }
+    if (ShowsNoIndex(kind, results)) line(words::NoIndex);
+    if (occurs(LaufStand::OutOfDate)) line(words::OutOfDate);
+    if (occurs(LaufStand::Incomplete)) line(words::Incomplete);
+    if (occurs(LaufStand::Unknown)) line(words::Unknown);
+    if (results.WithoutResult > 0) {
+        out << WithNumber(words::WithoutResult, SprachID, results.WithoutResult) << '\n';
+    }
+}
+
+/// Quoted where the text holds a comma, a quote or a line break, and where it is empty: an empty field
+/// without quotes is Null.
+std::string CsvField(const store::Value& value) {
+    if (value.IsNull()) return {};
+    std::string text = value.Text();
+    if (!text.empty() && text.find_first_of(",\"\r\n") == std::string::npos) return text;
+    std::string quoted = "\"";
+    for (const char c : text) {
+        if (c == '"') quoted += '"';
+        quoted += c;
+    }
+    return quoted + '"';
+}
+
+}  // namespace
+
+void PrintTable(std::ostream& out, const ResultKind& kind, const ResultSet& results, std::int16_t SprachID) {
+    if (results.Records.empty()) {
+        out << Text(words::NoResults, SprachID) << '\n';
+    } else {
+        for (const ResultBlock& block : kind.Blocks) PrintBlock(out, kind, block, results, SprachID);
+    }
+    PrintLegend(out, kind, results, SprachID);
+}
+
+void PrintCsv(std::ostream& out, const ResultSet& results) {
+    const auto line = [&](const auto& cells, auto text) {
+        bool first = true;
+        for (const auto& cell : cells) {
+            if (!first) out << ',';
+            out << text(cell);
+            first = false;
+        }
+        out << '\n';
+    };
+    line(results.Fields, [](const std::string& name) { return name; });
+    for (const Record& record : results.Records) {
+        line(record.Fields(), [](const auto& field) { return CsvField(field.second); });
+    }
+}
+
+void PrintJson(std::ostream& out, const ResultSet& results) {
+    out << '[';
+    bool first = true;
+    for (const Record& record : results.Records) {
+        Json object = Json::object();
+        for (const auto& [name, value] : record.Fields()) object[name] = ToJson(value, name);
+        out << (first ? "\n" : ",\n") << object.dump();
+        first = false;
+    }
+    out << (first ? "]\n" : "\n]\n");
+}
+
+}  // namespace FX_Algen::cli

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <cstdint>
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "FX_Algen/Store.h"
+
+/// What the command `results` shows: the rows of a result table with the names of their sub-habitats.
+namespace FX_Algen::cli {
+
+/// One row by raw field names, in the order of the output.
+class Record {
+public:
+    void Add(std::string field, store::Value value) {
+        fields_.emplace_back(std::move(field), std::move(value));
+    }
+    const std::vector<std::pair<std::string, store::Value>>& Fields() const noexcept { return fields_; }
+    /// The value of a field; Null where there is none of that name.
+    const store::Value& operator[](std::string_view field) const;
+
+private:
+    std::vector<std::pair<std::string, store::Value>> fields_;
+};
+
+/// How a column of the table for people shows its values.
+enum class Show : std::uint8_t {
+    Text,      ///< as it stands
+    Index,     ///< two places; 0 means that no taxon had a weight and shows as "-"
+    Quantity,  ///< three places
+    Share,     ///< percent with one place
+    Count,     ///< whole number
+};
+
+struct ResultColumn {
+    std::string_view Field;
+    std::int16_t Caption;  ///< offset in the string table; 0 = the field's own name
+    Show As;
+};
+
+struct ResultBlock {
+    std::int16_t Title;
+    std::vector<ResultColumn> Columns;
+};
+
+/// A result table and what is shown of it.
+struct ResultKind {
+    std::string_view Table;
+    bool HasKAOnly;                   ///< a sub-habitat may have a second row, from its diatoms alone
+    bool IsClassic;                   ///< rows carry coverage and state
+    std::vector<ResultBlock> Blocks;  ///< the first one is shown with all names
+};
+
+const ResultKind& ClassicResults();
+const ResultKind& WrrlResults();
+const ResultKind& SestonResults();
+
+/// Fields of `Record` with the share, in percent, of the valves and of the cover that carries a value and a
+/// weight: by the saprobic pair, the trophic pair and the second trophic pair.
+inline constexpr std::string_view CoverageFields[] = {
+    "Anteil_Schalen_SI", "Anteil_Schalen_TI", "Anteil_Schalen_TI_N",
+    "Anteil_Deckung_SI", "Anteil_Deckung_TI", "Anteil_Deckung_TI_N",
+};
+
+/// Field of `Record` that holds the state of a classic row (`LaufStandText`).
+inline constexpr std::string_view StatusField = "Status";
+
+struct ResultSet {
+    std::vector<std::string> Fields;  ///< raw names, also where there are no records
+    std::vector<Record> Records;
+    std::int32_t WithoutResult = 0;  ///< sub-habitats of the scope that have no row
+};
+
+void PrintTable(std::ostream& out, const ResultKind& kind, const ResultSet& results, std::int16_t SprachID);
+/// RFC 4180 with commas and LF: Null as an empty field, an empty text as "".
+void PrintCsv(std::ostream& out, const ResultSet& results);
+/// An array with one object a row, raw names, Null as null.
+void PrintJson(std::ostream& out, const ResultSet& results);
+
+}  // namespace FX_Algen::cli

@@ -1,0 +1,124 @@
+#include <CLI/CLI.hpp>
+#include <ostream>
+
+#include "FX_Algen/Coverage.h"
+#include "fxalgen/Commands.h"
+#include "fxalgen/Lauf.h"
+#include "fxalgen/Results.h"
+#include "fxalgen/Scope.h"
+
+namespace FX_Algen::cli {
+
+namespace {
+
+constexpr std::string_view NameFields[] = {"PRJBez",        "ABBez",      "USBez",
+                                           "Gewaessername", "USDatumVon", "TRBez"};
+
+void AddNames(Record& record, const Teilraum& teilraum) {
+    const store::Value* values[] = {&teilraum.PRJBez,        &teilraum.ABBez,      &teilraum.USBez,
+                                    &teilraum.Gewaessername, &teilraum.USDatumVon, &teilraum.TRBez};
+    static_assert(std::size(NameFields) == std::size(values));
+    for (std::size_t i = 0; i < std::size(NameFields); ++i)
+        record.Add(std::string(NameFields[i]), *values[i]);
+}
+
+void AddCoverage(Record& record, const Coverage& coverage) {
+    const std::optional<double> values[] = {
+        coverage.Saprobic.ValvesPercent, coverage.Trophic.ValvesPercent, coverage.Trophic_N.ValvesPercent,
+        coverage.Saprobic.CoverPercent,  coverage.Trophic.CoverPercent,  coverage.Trophic_N.CoverPercent};
+    static_assert(std::size(CoverageFields) == std::size(values));
+    for (std::size_t i = 0; i < std::size(values); ++i) {
+        record.Add(std::string(CoverageFields[i]), values[i] ? store::Value(*values[i]) : store::Value());
+    }
+}
+
+bool IsSet(const store::Value& flag) { return !flag.IsNull() && flag.Bool(); }
+
+std::string SelectRows(const ResultKind& kind, const std::string& condition) {
+    return "SELECT * FROM " + std::string(kind.Table) + " WHERE " + condition +
+           (kind.HasKAOnly ? " ORDER BY ID, KAOnly DESC;" : " ORDER BY ID;");
+}
+
+class ResultsCommand : public Command {
+public:
+    std::string_view Name() const override { return "results"; }
+    std::string_view Description() const override { return "Show the results of the last calculation."; }
+    std::string_view Example() const override {
+        return "  fxalgen results project.db\n"
+               "  fxalgen results project.db --scope UStelle:3 --format csv > results.csv";
+    }
+
+    void Arguments(CLI::App& app) override {
+        app.add_option("PROJECT", path_, "Project database")->required();
+        app.add_option(
+               "--format", format_,
+               "table for people (rounded), csv or json with full values and field names (default table)")
+            ->check(CLI::IsMember({"table", "csv", "json"}));
+        app.add_option("--scope", scope_,
+                       "Sub-habitats to show: Projekt:<ID_PRJ>, UStelle:<ID_UUS>, Rechenmanager:<ID_RechMan> "
+                       "or Teilraum:<ID_TR>; without it all of them");
+        CLI::Option* seston = app.add_flag("--seston", seston_, "Seston results");
+        app.add_flag("--wrrl", wrrl_, "Results of the assessment")->excludes(seston);
+    }
+
+    Exit Execute(Streams& streams) override {
+        const Scope scope = scope_.empty() ? Scope{} : ParseScope(scope_);
+        const store::DatabasePtr database = store::Workspace().OpenDatabase(path_);
+        const ResultKind& kind = seston_ ? SestonResults() : wrrl_ ? WrrlResults() : ClassicResults();
+        const ResultSet results = Read(database, kind, scope);
+        if (format_ == "csv") {
+            PrintCsv(streams.Out, results);
+        } else if (format_ == "json") {
+            PrintJson(streams.Out, results);
+        } else {
+            PrintTable(streams.Out, kind, results, SprachID());
+        }
+        return Exit::Done;
+    }
+
+private:
+    static ResultSet Read(const store::DatabasePtr& database, const ResultKind& kind, const Scope& scope) {
+        ResultSet results;
+        for (const std::string_view name : NameFields) results.Fields.emplace_back(name);
+        const auto shape = database->OpenRecordset(SelectRows(kind, "ID=0"));
+        for (const store::ResultField& field : shape->Fields()) results.Fields.push_back(field.Name);
+        if (kind.IsClassic) {
+            for (const std::string_view field : CoverageFields) results.Fields.emplace_back(field);
+            results.Fields.emplace_back(StatusField);
+        }
+
+        for (const Teilraum& teilraum : ReadTeilraeume(*database, scope)) {
+            const auto rows =
+                database->OpenRecordset(SelectRows(kind, "ID=" + store::NumberText(teilraum.ID_TR)));
+            if (rows->Eof()) ++results.WithoutResult;
+            for (; !rows->Eof(); rows->MoveNext()) {
+                results.Records.push_back(ReadRecord(database, kind, teilraum, *rows));
+            }
+        }
+        return results;
+    }
+
+    static Record ReadRecord(const store::DatabasePtr& database, const ResultKind& kind,
+                             const Teilraum& teilraum, const store::Recordset& row) {
+        Record record;
+        AddNames(record, teilraum);
+        for (std::size_t i = 0; i < row.Fields().size(); ++i) record.Add(row.Fields()[i].Name, row[i]);
+        if (kind.IsClassic) {
+            AddCoverage(record, CoverageOf(database, teilraum.ID_TR, IsSet(row["IstWRRL"])));
+            record.Add(std::string(StatusField), LaufStandText(LaufPruefen(*database, row).Stand));
+        }
+        return record;
+    }
+
+    std::string path_;
+    std::string scope_;
+    std::string format_ = "table";
+    bool seston_ = false;
+    bool wrrl_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> MakeResultsCommand() { return std::make_unique<ResultsCommand>(); }
+
+}  // namespace FX_Algen::cli
