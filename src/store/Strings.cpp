@@ -4,8 +4,6 @@
 #include <limits>
 
 #include "FX_Algen/Error.h"
-#include "FX_Algen/Texts.h"
-#include "store/Allgemein.h"
 #include "store/resources/Resources.h"
 
 namespace FX_Algen::store {
@@ -87,11 +85,3 @@ std::string Text(std::int16_t offset, std::int16_t base) {
 std::string Text(std::int16_t number) { return Strings().At(number); }
 
 }  // namespace FX_Algen::store
-
-namespace FX_Algen {
-
-std::string Text(std::int16_t offset, std::int16_t SprachID) {
-    return store::Text(offset, Allgemein::SprachID_Anheben(SprachID));
-}
-
-}  // namespace FX_Algen
