@@ -211,7 +211,7 @@ TEST_F(ConnectionTest, EnteredRowsAreSafeFromPowerFailureAndScratchRowsFromACras
 
 TEST(ScratchTables, AreResultsFrequencyListAndReports) {
     for (const char* name : {"awaErgProjekt", "AWAERGWRRL", "sesErgProjekt", "sesErgProjektTmp",
-                             "awaArtenlisteHaeufigkeit", "rpt_awaAuswertung", "RPT_lbl_x"})
+                             "awaArtenlisteHaeufigkeit", "fx_Lauf", "rpt_awaAuswertung", "RPT_lbl_x"})
         EXPECT_TRUE(IsScratchTable(name)) << name;
     for (const char* name : {"awaArt", "awaTeilraum", "sesArtPrStelle", "awaErgProjektAlt", "report"})
         EXPECT_FALSE(IsScratchTable(name)) << name;
