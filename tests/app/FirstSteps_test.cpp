@@ -1,47 +1,20 @@
-#include <gmock/gmock.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
-#include "fxalgen/Command.h"
+#include "app/CommandCall.h"
 
 // The ways that the users' pages describe, in-process and with the program itself.
 
+using namespace FX_Algen::cli;
 using testing::HasSubstr;
 
 namespace {
 
-struct Outcome {
-    int Code = -1;
-    std::string Out;
-    std::string Err;
-};
-
-class FirstSteps : public testing::Test {
+class FirstSteps : public FolderFixture {
 protected:
-    void SetUp() override {
-        const std::string name = testing::UnitTest::GetInstance()->current_test_info()->name();
-        folder_ = std::filesystem::path(testing::TempDir()) /
-                  ("fxalgen_" + std::to_string(getpid()) + "_Anfänge_" + name);
-        std::filesystem::create_directories(folder_);
-    }
-    void TearDown() override { std::filesystem::remove_all(folder_); }
-
-    std::string Path(const std::string& name) const { return (folder_ / name).string(); }
-
-    static Outcome Call(const std::vector<std::string>& arguments) {
-        std::istringstream in;
-        std::ostringstream out;
-        std::ostringstream err;
-        const int code = FX_Algen::cli::Run(arguments, in, out, err);
-        return {code, out.str(), err.str()};
-    }
-
     /// Starts the program with its streams in files of the test's folder.
     Outcome Start(const std::string& arguments) const {
         const std::string command = std::string("'") + FX_ALGEN_PROGRAM + "' " + arguments + " >'" +
@@ -56,8 +29,6 @@ protected:
         text << file.rdbuf();
         return text.str();
     }
-
-    std::filesystem::path folder_;
 };
 
 TEST_F(FirstSteps, TheTemplateTablesGiveTheNumbersOfTheirPage) {

@@ -1,10 +1,8 @@
-#include <gmock/gmock.h>
-
 #include <algorithm>
 #include <fstream>
 #include <sstream>
 
-#include "fxalgen/Command.h"
+#include "app/CommandCall.h"
 
 using namespace FX_Algen::cli;
 using testing::HasSubstr;
@@ -33,11 +31,9 @@ std::string Section(const std::string& page, const std::string& command) {
 }
 
 std::string HelpOf(const std::vector<std::string>& arguments) {
-    std::istringstream in;
-    std::ostringstream out;
-    std::ostringstream err;
-    EXPECT_EQ(Run(arguments, in, out, err), 0) << err.str();
-    return out.str();
+    const Outcome outcome = Call(arguments);
+    EXPECT_EQ(outcome.Code, 0) << outcome.Err;
+    return outcome.Out;
 }
 
 TEST(Manual, TellsEveryCommandWithEveryOption) {
@@ -63,6 +59,18 @@ TEST(Manual, HelpTellsEveryCommandWithEveryOptionAndAnExample) {
         for (const std::string& argument : command.Positionals) EXPECT_THAT(help, HasSubstr(argument));
         ASSERT_THAT(help, HasSubstr("Example:\n"));
         EXPECT_THAT(help.substr(help.find("Example:\n")), HasSubstr("fxalgen " + command.Name));
+    }
+}
+
+TEST(Manual, TellsNoCommandThatIsNotThere) {
+    const std::string page = ManualPage();
+    std::vector<std::string> known;
+    for (const CommandDescription& command : Descriptions()) known.push_back(command.Name);
+    std::istringstream lines(page);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.starts_with(".SS ")) {
+            EXPECT_THAT(known, testing::Contains(line.substr(4)));
+        }
     }
 }
 

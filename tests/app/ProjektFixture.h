@@ -1,38 +1,24 @@
 #pragma once
 
-#include <gmock/gmock.h>
-#include <unistd.h>
-
-#include <filesystem>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "FX_Algen/Create.h"
 #include "FX_Algen/Store.h"
-#include "fxalgen/Command.h"
+#include "app/CommandCall.h"
 
 namespace FX_Algen::cli {
-
-struct Outcome {
-    int Code = -1;
-    std::string Out;
-    std::string Err;
-};
 
 /// A small project in a folder of its own, and calls of the command line on it.
 ///
 /// Project 1 "Flüsse": station 1 with the visit 2026-05-12 and its sub-habitats 11 (macroalga, mixed stand
 /// and valves), 12 (no algae sample) and 13 (valves alone); project 2 "Bäche": station 2 with sub-habitat 21
 /// (a macroalga without weight).
-class ProjektFixture : public testing::Test {
+class ProjektFixture : public FolderFixture {
 protected:
     void SetUp() override {
-        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-        folder_ = std::filesystem::path(testing::TempDir()) / ("fxalgen_" + std::to_string(getpid()) + "_" +
-                                                               test->test_suite_name() + "_" + test->name());
-        std::filesystem::create_directories(folder_);
-        path_ = (folder_ / "Gewässer.db").string();
+        FolderFixture::SetUp();
+        path_ = Path("Gewässer.db");
         store::CreateDatabase(path_, store::DatabaseKind::Project);
         database_ = store::Workspace().OpenDatabase(path_);
         FillTree();
@@ -42,15 +28,7 @@ protected:
 
     void TearDown() override {
         database_.reset();
-        std::filesystem::remove_all(folder_);
-    }
-
-    static Outcome Call(const std::vector<std::string>& arguments) {
-        std::istringstream in;
-        std::ostringstream out;
-        std::ostringstream err;
-        const int code = cli::Run(arguments, in, out, err);
-        return {code, out.str(), err.str()};
+        FolderFixture::TearDown();
     }
 
     void Execute(std::initializer_list<const char*> statements) {
@@ -71,7 +49,6 @@ protected:
         return ids;
     }
 
-    std::filesystem::path folder_;
     std::string path_;
     store::DatabasePtr database_;
 

@@ -4,7 +4,7 @@
 #include <sstream>
 
 #include "FX_Algen/Error.h"
-#include "fxalgen/Command.h"
+#include "app/CommandCall.h"
 #include "fxalgen/Progress.h"
 
 using namespace FX_Algen;
@@ -34,12 +34,6 @@ public:
 private:
     std::string what_;
     int number_ = 0;
-};
-
-struct Outcome {
-    int Code = -1;
-    std::string Out;
-    std::string Err;
 };
 
 Outcome RunProbe(const std::vector<std::string>& arguments) {
