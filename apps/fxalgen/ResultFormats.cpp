@@ -106,6 +106,14 @@ bool ShowsNoIndex(const ResultKind& kind, const ResultSet& results) {
     });
 }
 
+void PrintFailures(std::ostream& out, const ResultSet& results) {
+    for (const Record& record : results.Records) {
+        if (record[FailureNumberField].IsNull()) continue;
+        out << "   " << record["ID"].Text() << ": " << record[FailureTextField].Text() << " ("
+            << record[FailureNumberField].Text() << ")\n";
+    }
+}
+
 /// What the marks mean, only those that occur, and what the table does not show.
 void PrintLegend(std::ostream& out, const ResultKind& kind, const ResultSet& results, std::int16_t SprachID) {
     const auto occurs = [&](LaufStand stand) {
@@ -119,7 +127,10 @@ void PrintLegend(std::ostream& out, const ResultKind& kind, const ResultSet& res
     }
     if (ShowsNoIndex(kind, results)) line(words::NoIndex);
     if (occurs(LaufStand::OutOfDate)) line(words::OutOfDate);
-    if (occurs(LaufStand::Incomplete)) line(words::Incomplete);
+    if (occurs(LaufStand::Incomplete)) {
+        line(words::Incomplete);
+        PrintFailures(out, results);
+    }
     if (occurs(LaufStand::Unknown)) line(words::Unknown);
     if (results.WithoutResult > 0) {
         out << WithNumber(words::WithoutResult, SprachID, results.WithoutResult) << '\n';
@@ -161,9 +172,9 @@ void PrintCsv(std::ostream& out, const ResultSet& results) {
         }
         out << '\n';
     };
-    line(results.Fields, [](const std::string& name) { return name; });
+    line(*results.Names, [](const std::string& name) { return name; });
     for (const Record& record : results.Records) {
-        line(record.Fields(), [](const auto& field) { return CsvField(field.second); });
+        line(record.Values(), CsvField);
     }
 }
 
@@ -172,7 +183,9 @@ void PrintJson(std::ostream& out, const ResultSet& results) {
     bool first = true;
     for (const Record& record : results.Records) {
         Json object = Json::object();
-        for (const auto& [name, value] : record.Fields()) object[name] = ToJson(value, name);
+        for (std::size_t i = 0; i < record.Values().size(); ++i) {
+            object[record.Names()[i]] = ToJson(record.Values()[i], record.Names()[i]);
+        }
         out << (first ? "\n" : ",\n") << object.dump();
         first = false;
     }

@@ -24,11 +24,11 @@ std::vector<ResultColumn> CoverageColumns() {
 
 }  // namespace
 
-const store::Value& Record::operator[](std::string_view field) const {
+const store::Value& Record::operator[](std::string_view name) const {
     static const store::Value Null;
-    const auto found =
-        std::find_if(fields_.begin(), fields_.end(), [&](const auto& entry) { return entry.first == field; });
-    return found == fields_.end() ? Null : found->second;
+    const auto found = std::find(names_->begin(), names_->end(), name);
+    const auto index = static_cast<std::size_t>(found - names_->begin());
+    return index < values_.size() ? values_[index] : Null;
 }
 
 const ResultKind& ClassicResults() {

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 #include <iosfwd>
-#include <optional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -13,18 +13,24 @@
 /// What the command `results` shows: the rows of a result table with the names of their sub-habitats.
 namespace FX_Algen::cli {
 
-/// One row by raw field names, in the order of the output.
+/// Raw names of the fields of an output, in its order; shared by all its rows.
+using FieldNames = std::shared_ptr<const std::vector<std::string>>;
+
+/// One row of an output.
 class Record {
 public:
-    void Add(std::string field, store::Value value) {
-        fields_.emplace_back(std::move(field), std::move(value));
-    }
-    const std::vector<std::pair<std::string, store::Value>>& Fields() const noexcept { return fields_; }
+    explicit Record(FieldNames names) : names_(std::move(names)) { values_.reserve(names_->size()); }
+
+    /// The value of the next field.
+    void Add(store::Value value) { values_.push_back(std::move(value)); }
+    const std::vector<std::string>& Names() const noexcept { return *names_; }
+    const std::vector<store::Value>& Values() const noexcept { return values_; }
     /// The value of a field; Null where there is none of that name.
-    const store::Value& operator[](std::string_view field) const;
+    const store::Value& operator[](std::string_view name) const;
 
 private:
-    std::vector<std::pair<std::string, store::Value>> fields_;
+    FieldNames names_;
+    std::vector<store::Value> values_;
 };
 
 /// How a column of the table for people shows its values.
@@ -66,11 +72,14 @@ inline constexpr std::string_view CoverageFields[] = {
     "Anteil_Deckung_SI", "Anteil_Deckung_TI", "Anteil_Deckung_TI_N",
 };
 
-/// Field of `Record` that holds the state of a classic row (`LaufStandText`).
-inline constexpr std::string_view StatusField = "Status";
+/// Fields of `Record` with the state of a classic row (`LaufStandText`), and how its calculation failed.
+inline constexpr std::string_view StateFields[] = {"Status", "Fehlernummer", "Fehlertext"};
+inline constexpr std::string_view StatusField = StateFields[0];
+inline constexpr std::string_view FailureNumberField = StateFields[1];
+inline constexpr std::string_view FailureTextField = StateFields[2];
 
 struct ResultSet {
-    std::vector<std::string> Fields;  ///< raw names, also where there are no records
+    FieldNames Names;  ///< also where there are no records
     std::vector<Record> Records;
     std::int32_t WithoutResult = 0;  ///< sub-habitats of the scope that have no row
 };

@@ -18,8 +18,7 @@ void AddNames(Record& record, const Teilraum& teilraum) {
     const store::Value* values[] = {&teilraum.PRJBez,        &teilraum.ABBez,      &teilraum.USBez,
                                     &teilraum.Gewaessername, &teilraum.USDatumVon, &teilraum.TRBez};
     static_assert(std::size(NameFields) == std::size(values));
-    for (std::size_t i = 0; i < std::size(NameFields); ++i)
-        record.Add(std::string(NameFields[i]), *values[i]);
+    for (const store::Value* value : values) record.Add(*value);
 }
 
 void AddCoverage(Record& record, const Coverage& coverage) {
@@ -27,9 +26,15 @@ void AddCoverage(Record& record, const Coverage& coverage) {
         coverage.Saprobic.ValvesPercent, coverage.Trophic.ValvesPercent, coverage.Trophic_N.ValvesPercent,
         coverage.Saprobic.CoverPercent,  coverage.Trophic.CoverPercent,  coverage.Trophic_N.CoverPercent};
     static_assert(std::size(CoverageFields) == std::size(values));
-    for (std::size_t i = 0; i < std::size(values); ++i) {
-        record.Add(std::string(CoverageFields[i]), values[i] ? store::Value(*values[i]) : store::Value());
+    for (const std::optional<double>& value : values) {
+        record.Add(value ? store::Value(*value) : store::Value());
     }
+}
+
+void AddState(Record& record, const LaufBefund& befund) {
+    record.Add(LaufStandText(befund.Stand));
+    record.Add(befund.Fehlernummer ? store::Value(*befund.Fehlernummer) : store::Value());
+    record.Add(befund.Fehlernummer ? store::Value(befund.Fehlertext) : store::Value());
 }
 
 bool IsSet(const store::Value& flag) { return !flag.IsNull() && flag.Bool(); }
@@ -66,6 +71,7 @@ public:
         const store::DatabasePtr database = store::Workspace().OpenDatabase(path_);
         const ResultKind& kind = seston_ ? SestonResults() : wrrl_ ? WrrlResults() : ClassicResults();
         const ResultSet results = Read(database, kind, scope);
+        if (scope.What == Scope::Kind::All) WarnOfStrayRows(*database, kind, streams);
         if (format_ == "csv") {
             PrintCsv(streams.Out, results);
         } else if (format_ == "json") {
@@ -79,35 +85,50 @@ public:
 private:
     static ResultSet Read(const store::DatabasePtr& database, const ResultKind& kind, const Scope& scope) {
         ResultSet results;
-        for (const std::string_view name : NameFields) results.Fields.emplace_back(name);
-        const auto shape = database->OpenRecordset(SelectRows(kind, "ID=0"));
-        for (const store::ResultField& field : shape->Fields()) results.Fields.push_back(field.Name);
-        if (kind.IsClassic) {
-            for (const std::string_view field : CoverageFields) results.Fields.emplace_back(field);
-            results.Fields.emplace_back(StatusField);
-        }
-
+        results.Names = ReadNames(*database, kind);
         for (const Teilraum& teilraum : ReadTeilraeume(*database, scope)) {
             const auto rows =
                 database->OpenRecordset(SelectRows(kind, "ID=" + store::NumberText(teilraum.ID_TR)));
             if (rows->Eof()) ++results.WithoutResult;
             for (; !rows->Eof(); rows->MoveNext()) {
-                results.Records.push_back(ReadRecord(database, kind, teilraum, *rows));
+                Record record(results.Names);
+                Fill(record, database, kind, teilraum, *rows);
+                results.Records.push_back(std::move(record));
             }
         }
         return results;
     }
 
-    static Record ReadRecord(const store::DatabasePtr& database, const ResultKind& kind,
-                             const Teilraum& teilraum, const store::Recordset& row) {
-        Record record;
-        AddNames(record, teilraum);
-        for (std::size_t i = 0; i < row.Fields().size(); ++i) record.Add(row.Fields()[i].Name, row[i]);
+    static FieldNames ReadNames(store::Database& database, const ResultKind& kind) {
+        std::vector<std::string> names(std::begin(NameFields), std::end(NameFields));
+        const auto shape = database.OpenRecordset(SelectRows(kind, "ID=0"));
+        for (const store::ResultField& field : shape->Fields()) names.push_back(field.Name);
         if (kind.IsClassic) {
-            AddCoverage(record, CoverageOf(database, teilraum.ID_TR, IsSet(row["IstWRRL"])));
-            record.Add(std::string(StatusField), LaufStandText(LaufPruefen(*database, row).Stand));
+            names.insert(names.end(), std::begin(CoverageFields), std::end(CoverageFields));
+            names.insert(names.end(), std::begin(StateFields), std::end(StateFields));
         }
-        return record;
+        return std::make_shared<const std::vector<std::string>>(std::move(names));
+    }
+
+    static void Fill(Record& record, const store::DatabasePtr& database, const ResultKind& kind,
+                     const Teilraum& teilraum, const store::Recordset& row) {
+        AddNames(record, teilraum);
+        for (std::size_t i = 0; i < row.Fields().size(); ++i) record.Add(row[i]);
+        if (!kind.IsClassic) return;
+        AddCoverage(record, CoverageOf(database, teilraum.ID_TR, IsSet(row["IstWRRL"])));
+        AddState(record, LaufPruefen(*database, row));
+    }
+
+    /// Rows that no sub-habitat leads to are shown nowhere: that must not go unsaid.
+    static void WarnOfStrayRows(store::Database& database, const ResultKind& kind, Streams& streams) {
+        const std::string table(kind.Table);
+        const auto stray =
+            database.OpenRecordset("SELECT " + table + ".ID FROM " + table + " LEFT JOIN Teilraum ON " +
+                                   table + ".ID = Teilraum.ID_TR WHERE Teilraum.ID_TR Is Null;");
+        if (stray->Eof()) return;
+        stray->MoveLast();
+        streams.Err << "fxalgen results: " << stray->RecordCount() << " rows of " << table
+                    << " belong to no sub-habitat and are not shown\n";
     }
 
     std::string path_;

@@ -65,6 +65,17 @@ TEST_F(Explain, ExplainsWhatWasNeverCalculatedOrSampled) {
     EXPECT_THAT(Call({"explain", path_, "Teilraum:12"}).Out, HasSubstr("Keine Algenaufnahme"));
 }
 
+TEST_F(Explain, TellsHowFarAFailingCalculationComes) {
+    // The macroalga is read before the ratings of the stand, whose taxon fails.
+    Execute({"UPDATE awaModulStandard SET SI=Null WHERE ID_ART=3;"});
+    const Outcome outcome = Call({"explain", path_, "Teilraum:11"});
+    EXPECT_EQ(outcome.Code, 0) << outcome.Err;
+    EXPECT_THAT(outcome.Out, HasSubstr("Cladophora glomerata"));
+    EXPECT_THAT(outcome.Out, HasSubstr("SapIndex: nicht berechnet"));
+    EXPECT_THAT(outcome.Out,
+                testing::ContainsRegex("Die Berechnung schlägt fehl: .*Oscillatoria.* \\(94\\)\n"));
+}
+
 TEST_F(Explain, RefusesWhatIsNoSubHabitat) {
     EXPECT_EQ(Call({"explain", path_}).Code, 2);
     EXPECT_EQ(Call({"explain", path_, "Projekt:1"}).Code, 2);

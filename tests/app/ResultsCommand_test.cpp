@@ -86,12 +86,12 @@ TEST_F(Results, WritesFullValuesAndRawNamesAsCsv) {
     EXPECT_THAT(header,
                 testing::StartsWith("PRJBez,ABBez,USBez,Gewaessername,USDatumVon,TRBez,ID,IstWRRL,KAOnly,"
                                     "SapIndex,SapIndex_KA,TI,TI_N,TI_KA,AMI,"));
-    EXPECT_THAT(header, testing::EndsWith(",Status"));
+    EXPECT_THAT(header, testing::EndsWith(",Status,Fehlernummer,Fehlertext"));
     // 830 / 480 = 1.72916..., 440 / 280 = 1.57142857... with the seven digits of a 32-bit number.
     EXPECT_THAT(
         out, HasSubstr("\nFlüsse,Oberlauf,Brücke,,2026-05-12,Strom,11,0,0,1.729167,1.5,1.571429,0,1.2,1.3,"));
     EXPECT_THAT(out, HasSubstr("\nFlüsse,Oberlauf,Brücke,,2026-05-12,\"Stein, groß\",13,"));
-    EXPECT_THAT(out, HasSubstr(",current\n"));
+    EXPECT_THAT(out, HasSubstr(",current,,\n"));
 }
 
 TEST_F(Results, WritesTypedValuesAsJson) {
@@ -171,6 +171,21 @@ TEST_F(Results, MarksAFailedCalculationAsIncomplete) {
     const std::string table = Call({"results", path_}).Out;
     EXPECT_THAT(table, HasSubstr("  x\n"));
     EXPECT_THAT(table, HasSubstr("unvollständig"));
+    EXPECT_THAT(table, testing::ContainsRegex("   11: .*Cladophora.* \\(94\\)\n"));
+    const nlohmann::json row = Json({"--scope", "Teilraum:11"}).at(0);
+    EXPECT_EQ(row["Fehlernummer"], 94);
+    EXPECT_THAT(row["Fehlertext"].get<std::string>(), HasSubstr("Cladophora"));
+    EXPECT_TRUE(Json({"--scope", "Teilraum:13"}).at(0)["Fehlertext"].is_null());
+}
+
+TEST_F(Results, WarnOfRowsThatBelongToNoSubHabitat) {
+    Calculate();
+    database_->Execute("DELETE * FROM Teilraum WHERE ID_TR=21;");
+    const Outcome outcome = Call({"results", path_, "--format", "csv"});
+    EXPECT_EQ(outcome.Code, 0);
+    EXPECT_EQ(outcome.Err,
+              "fxalgen results: 1 rows of awaErgProjekt belong to no sub-habitat and are not shown\n");
+    EXPECT_EQ(Call({"results", path_, "--scope", "Projekt:1"}).Err, "");
 }
 
 TEST_F(Results, ComeInTheOrderOfTheProjectTree) {
