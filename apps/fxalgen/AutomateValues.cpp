@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "FX_Algen/Error.h"
+#include "fxalgen/Json.h"
 
 namespace FX_Algen::cli::rpc {
 
@@ -100,10 +101,8 @@ Json ToJson(std::int16_t value) { return value; }
 Json ToJson(std::int32_t value) { return value; }
 
 Json ToJson(float value) {
-    // The short decimal text as a number: 0.1, not 0.10000000149011612.
-    const auto text = store::NumberText(value);
-    if (!std::isfinite(value)) return text;
-    return std::strtod(text.c_str(), nullptr);
+    if (!std::isfinite(value)) return store::NumberText(value);
+    return Widened(value);
 }
 
 Json ToJson(double value) {

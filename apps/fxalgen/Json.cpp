@@ -7,17 +7,12 @@
 
 namespace FX_Algen::cli {
 
-namespace {
-
-/// The 64-bit number whose shortest text is that of the 32-bit one: 1.8 and not 1.7999999523162842.
 double Widened(float value) {
-    const std::string text = store::NumberText(value);
+    const std::string text = store::ExactText(value);
     double wide = value;
     std::from_chars(text.data(), text.data() + text.size(), wide);
     return wide;
 }
-
-}  // namespace
 
 Json ToJson(const store::Value& value, const std::string& where) {
     switch (value.kind()) {

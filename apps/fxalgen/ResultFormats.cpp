@@ -141,7 +141,7 @@ void PrintLegend(std::ostream& out, const ResultKind& kind, const ResultSet& res
 /// without quotes is Null.
 std::string CsvField(const store::Value& value) {
     if (value.IsNull()) return {};
-    std::string text = value.Text();
+    std::string text = value.kind() == store::Kind::R4 ? store::ExactText(value.R4()) : value.Text();
     if (!text.empty() && text.find_first_of(",\"\r\n") == std::string::npos) return text;
     std::string quoted = "\"";
     for (const char c : text) {

@@ -78,4 +78,8 @@ std::string NumberText(std::int32_t v);
 std::string NumberText(float v);
 std::string NumberText(double v);
 
+/// The shortest decimal text that reads back the same 32-bit float, with 9 digits at most: for files and
+/// interfaces that hand a value on, where the 7 digits of `NumberText` would lose its last bits.
+std::string ExactText(float v);
+
 }  // namespace FX_Algen::store

@@ -199,20 +199,29 @@ std::string NumberText(double v) {
     return {buffer.data(), result.ptr};
 }
 
-std::string NumberText(float v) {
+namespace {
+
+/// The shortest text of `v` with an exponent; where it has more than `most` digits, rounded to them.
+std::string ShortText(float v, int most) {
     if (!std::isfinite(v)) return NumberText(static_cast<double>(v));
     std::array<char, 64> buffer{};
     auto result =
         std::to_chars(buffer.data(), buffer.data() + buffer.size(), v, std::chars_format::scientific);
     const std::string_view shortest(buffer.data(), static_cast<std::size_t>(result.ptr - buffer.data()));
     const auto mantissa = shortest.substr(0, shortest.find('e'));
-    if (std::count_if(mantissa.begin(), mantissa.end(), [](char c) { return c >= '0' && c <= '9'; }) > 7)
-        result =
-            std::to_chars(buffer.data(), buffer.data() + buffer.size(), v, std::chars_format::scientific, 6);
+    if (std::count_if(mantissa.begin(), mantissa.end(), [](char c) { return c >= '0' && c <= '9'; }) > most)
+        result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), v, std::chars_format::scientific,
+                               most - 1);
     double digits = 0;
     std::from_chars(buffer.data(), result.ptr, digits);
     return NumberText(digits);
 }
+
+}  // namespace
+
+std::string NumberText(float v) { return ShortText(v, 7); }
+
+std::string ExactText(float v) { return ShortText(v, 9); }
 
 double Value::R8() const {
     switch (kind()) {

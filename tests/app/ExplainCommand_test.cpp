@@ -45,7 +45,7 @@ TEST_F(Explain, GivesTheSameAsJson) {
     EXPECT_EQ(index.at("Terms").size(), 3u);
     EXPECT_EQ(index.at("WeightSum"), 480.0);
     EXPECT_EQ(index.at("ValueSum"), 830.0);
-    EXPECT_EQ(index.at("Result"), 1.729167);
+    EXPECT_EQ(index.at("Result").get<float>(), 830.0F / 480.0F);
 }
 
 TEST_F(Explain, SaysThatAResultIsOutOfDateAndChangesNothing) {

@@ -87,9 +87,11 @@ TEST_F(Results, WritesFullValuesAndRawNamesAsCsv) {
                 testing::StartsWith("PRJBez,ABBez,USBez,Gewaessername,USDatumVon,TRBez,ID,IstWRRL,KAOnly,"
                                     "SapIndex,SapIndex_KA,TI,TI_N,TI_KA,AMI,"));
     EXPECT_THAT(header, testing::EndsWith(",Status,Fehlernummer,Fehlertext"));
-    // 830 / 480 = 1.72916..., 440 / 280 = 1.57142857... with the seven digits of a 32-bit number.
+    // 830 / 480 = 1.729166..., in 32 bits 1.72916662693, which 1.7291666 tells from its neighbours;
+    // 440 / 280 = 1.571428..., in 32 bits 1.57142853737.
     EXPECT_THAT(
-        out, HasSubstr("\nFlüsse,Oberlauf,Brücke,,2026-05-12,Strom,11,0,0,1.729167,1.5,1.571429,0,1.2,1.3,"));
+        out,
+        HasSubstr("\nFlüsse,Oberlauf,Brücke,,2026-05-12,Strom,11,0,0,1.7291666,1.5,1.5714285,0,1.2,1.3,"));
     EXPECT_THAT(out, HasSubstr("\nFlüsse,Oberlauf,Brücke,,2026-05-12,\"Stein, groß\",13,"));
     EXPECT_THAT(out, HasSubstr(",current,,\n"));
 }
@@ -104,7 +106,8 @@ TEST_F(Results, WritesTypedValuesAsJson) {
     EXPECT_EQ(row["USDatumVon"], "2026-05-12");
     EXPECT_EQ(row["ID"], 11);
     EXPECT_EQ(row["IstWRRL"], false);
-    EXPECT_EQ(row["SapIndex"], 1.729167);
+    // As a 32-bit number again it is the one that the column holds: 830 / 480.
+    EXPECT_EQ(row["SapIndex"].get<float>(), 830.0F / 480.0F);
     EXPECT_TRUE(row["XENO"].is_null());
     EXPECT_EQ(row["Status"], "current");
 }

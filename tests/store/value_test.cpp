@@ -91,10 +91,20 @@ TEST(NumberText, IsTheShortestTextWithAPoint) {
 TEST(NumberText, ThirtyTwoBitFloatsHaveAtMostSevenDigits) {
     EXPECT_EQ(NumberText(1.4F), "1.4");
     EXPECT_EQ(NumberText(100.0F), "100");
-    // 2/3 in 32 bits is 0.666666686534…: its shortest text has 8 digits, so 7 remain.
+    // 2/3 in 32 bits is 0.66666668653…: the shortest text that reads back the same has 7 digits.
     EXPECT_EQ(NumberText(2.0F / 3.0F), "0.6666667");
     // 16777216 = 2^24 has 8 digits: rounded to 7 it reads 16777220.
     EXPECT_EQ(NumberText(16777216.0F), "16777220");
+}
+
+TEST(ExactText, ReadsBackTheSameThirtyTwoBitFloat) {
+    EXPECT_EQ(ExactText(1.4F), "1.4");
+    // 2/3 in 32 bits is 0.66666668653…; its neighbours are 6.0e-8 away, so 0.6666667 tells it.
+    EXPECT_EQ(ExactText(2.0F / 3.0F), "0.6666667");
+    // 2^24 has 8 digits and 16777218 is its neighbour.
+    EXPECT_EQ(ExactText(16777216.0F), "16777216");
+    for (const float number : {1.2227794F, 0.1F, 3.4028235e38F, 1e-45F, 117.55894F, -8388609.0F})
+        EXPECT_EQ(static_cast<float>(std::stod(ExactText(number))), number) << number;
 }
 
 }  // namespace
