@@ -165,6 +165,10 @@ Json ColumnAsJson(const ExplainedColumn& column) {
             {"Differs", column.Differs}};
 }
 
+Json CoverAsJson(const std::optional<float>& cover, const char* where) {
+    return cover ? ToJson(*cover, where) : Json(nullptr);
+}
+
 Json FailureAsJson(const std::optional<Explanation::Failure>& failure) {
     if (!failure) return nullptr;
     return {{"Number", failure->Number}, {"Description", TextOf(failure->Description, "the failure")}};
@@ -177,8 +181,8 @@ Json ExplanationAsJson(const Explanation& explanation) {
             {"TRBez", TextOf(explanation.TRBez, "TRBez")},
             {"Sampled", explanation.Sampled},
             {"IstWRRL", explanation.IstWRRL},
-            {"DG_Gesamt", ToJson(explanation.DG_Gesamt, "DG_Gesamt")},
-            {"DG_Makroalgen", ToJson(explanation.DG_Makroalgen, "DG_Makroalgen")},
+            {"DG_Gesamt", CoverAsJson(explanation.DG_Gesamt, "DG_Gesamt")},
+            {"DG_Makroalgen", CoverAsJson(explanation.DG_Makroalgen, "DG_Makroalgen")},
             {"Summe_KA", ToJson(explanation.Summe_KA, "Summe_KA")},
             {"Stands", ListOf(explanation.Stands, StandAsJson)},
             {"Indices", ListOf(explanation.Indices, IndexAsJson)},

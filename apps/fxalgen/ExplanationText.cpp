@@ -120,6 +120,7 @@ private:
     }
     /// All digits that the value holds.
     std::string Exact(const store::Value& value) const;
+    std::string CoverLine(std::int16_t offset, const std::optional<float>& cover) const;
     std::string Taxon(const ExplainedFinding& finding) const;
     static std::string Place(const ExplainedFinding& finding);
 
@@ -138,6 +139,13 @@ std::string Writer::Exact(const store::Value& value) const {
     std::string text = DisplayText(value, SprachID_);
     if (SprachID_ < Language::English) std::replace(text.begin(), text.end(), '.', ',');
     return text;
+}
+
+/// A cover that was not entered has no unit behind it.
+std::string Writer::CoverLine(std::int16_t offset, const std::optional<float>& cover) const {
+    if (cover) return With(offset, SprachID_, Exact(*cover));
+    const std::string text = Word(offset);
+    return text.substr(0, text.find('|')) + Word(words::NotEntered);
 }
 
 std::string Writer::Taxon(const ExplainedFinding& finding) const {
@@ -169,12 +177,9 @@ void Writer::Head(const Explanation& explanation, const Teilraum& teilraum) cons
 
 void Writer::Basis(const Explanation& explanation) const {
     Title(Word(words::Grundlagen));
-    for (const auto& [word, value] : {std::pair{words::TotalCover, explanation.DG_Gesamt},
-                                      std::pair{words::MacroalgaeCover, explanation.DG_Makroalgen},
-                                      std::pair{words::CountedValves, explanation.Summe_KA}}) {
-        out_ << "  " << With(word, SprachID_, Exact(store::Value(value))) << '\n';
-    }
-    out_ << '\n';
+    out_ << "  " << CoverLine(words::TotalCover, explanation.DG_Gesamt) << '\n';
+    out_ << "  " << CoverLine(words::MacroalgaeCover, explanation.DG_Makroalgen) << '\n';
+    out_ << "  " << With(words::CountedValves, SprachID_, Exact(explanation.Summe_KA)) << "\n\n";
     if (explanation.Stands.empty()) return;
     Table table;
     table.AddColumn(Word(words::Bestand), Table::Align::Left);
@@ -321,6 +326,7 @@ void Writer::TaxaLines(const ExplainedCount& count) const {
 
 void Writer::Counts(const Explanation& explanation) const {
     Title(Word(words::Taxazahlen));
+    if (explanation.Counts.empty()) out_ << "  " << Word(words::NotReached) << '\n';
     for (const ExplainedCount& count : explanation.Counts) {
         out_ << "  " << count.Column;
         if (count.Result.IsNull()) {
@@ -349,7 +355,8 @@ void Writer::State(const Explanation& explanation) const {
             out_ << Word(words::StateMissing) << '\n';
             return;
         case StoredResult::Current:
-            out_ << Word(words::StateCurrent) << '\n';
+            // The row of a calculation that fails is the same each time, and never whole.
+            out_ << Word(explanation.Failed ? words::StateIncomplete : words::StateCurrent) << '\n';
             return;
         case StoredResult::OutOfDate:
             break;

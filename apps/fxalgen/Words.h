@@ -93,6 +93,8 @@ inline constexpr std::int16_t Jetzt = 5364;
 inline constexpr std::int16_t Gespeichert = 5365;
 inline constexpr std::int16_t CalculationFailed = 5366;
 inline constexpr std::int16_t NoFindings = 5367;
+inline constexpr std::int16_t NotEntered = 5368;
+inline constexpr std::int16_t StateIncomplete = 5369;
 }  // namespace words
 
 /// The text with its place holder "|" replaced.

@@ -61,7 +61,7 @@ enum class LeftOutRule : std::uint8_t {
     OtherLebensform,  ///< assessment variant: the life form of the taxon is not 1
     OtherMajorGroup,  ///< assessment variant: its major group is that of the diatoms, or 132 and above
     NoTaxonomy,       ///< assessment variant: the taxon does not reach a family
-    NotCalculated,    ///< the calculation failed before it came to this finding
+    NotCalculated,    ///< the calculation failed before it came to this finding, or at it
 };
 
 struct ExplainedOmission {
@@ -148,9 +148,9 @@ struct Explanation {
     /// Assessment variant: that of the stored row, else the classic one.
     bool IstWRRL = false;
 
-    float DG_Gesamt = 0;      ///< total cover used, percent
-    float DG_Makroalgen = 0;  ///< macroalgae cover used, percent
-    float Summe_KA = 0;       ///< counted valves
+    std::optional<float> DG_Gesamt;      ///< total cover used, percent; absent where it was not entered
+    std::optional<float> DG_Makroalgen;  ///< macroalgae cover used, percent; absent where it was not entered
+    float Summe_KA = 0;                  ///< counted valves
     std::vector<ExplainedStand> Stands;
 
     std::vector<ExplainedIndex> Indices;

@@ -16,7 +16,7 @@ namespace FX_Algen::calc {
 struct Erklaerungsbasis {
     const Probe& Funde;
     bool IstWRRL = false;
-    Gesamtdeckung DG_Gesamt;
+    std::optional<Gesamtdeckung> DG_Gesamt;  ///< absent where it was not entered
 };
 
 /// An index over the blocks, from its contributions. `nurSchalen`: of the diatoms alone.

@@ -8,6 +8,7 @@
 #include "calc/Berechnung.h"
 #include "calc/Erklaerung.h"
 #include "calc/Lesen.h"
+#include "calc/Schritte.h"
 #include "store/Connection.h"
 #include "store/ThreadValues.h"
 
@@ -106,6 +107,21 @@ void Vergleichen(const Ergebnis& neu, const Ergebnis& alt, Explanation& explanat
     }
 }
 
+std::optional<float> Zahl(const store::Value& wert) {
+    return wert.IsNull() ? std::nullopt : std::optional(wert.R4());
+}
+
+/// Covers and valves of the sub-habitat, also where the calculation failed before it came to them.
+void ErklaereGrundlagen(store::Database& database, Explanation& explanation) {
+    const auto zeile = database.OpenRecordset(calc::abfragen::Teilraum(explanation.ID_TR));
+    explanation.DG_Gesamt = Zahl((*zeile)[explanation.IstWRRL ? "DG_Gesamt_WRRL" : "DG_Gesamt"]);
+    explanation.DG_Makroalgen = Zahl((*zeile)[explanation.IstWRRL ? "DG_MA_WRRL" : "DG_MA"]);
+    zeile->Close();
+    calc::Grundlagen basis;
+    calc::LiesSchalensumme({database, explanation.ID_TR, explanation.IstWRRL}, basis);
+    explanation.Summe_KA = basis.Summe_KA.Anzahl;
+}
+
 void ErklaereBestaende(const calc::Probe& probe, const calc::Grundlagen& basis, Explanation& explanation) {
     for (const auto& bestand : probe.Bestaende) {
         ExplainedStand stand{bestand.ID_TR_MI, bestand.MI_Bez,
@@ -182,11 +198,11 @@ Explanation Explain(const store::DatabasePtr& database, std::int32_t ID_TR) {
 
     const auto probe = calc::LiesProbe(db, ID_TR);
     const auto basis = rerun.Spur.Saprobie ? rerun.Spur.Saprobie->Basis : calc::Grundlagen{};
-    explanation.DG_Gesamt = basis.DG_Gesamt.Prozent;
-    explanation.DG_Makroalgen = basis.DG_Makroalgen;
-    explanation.Summe_KA = basis.Summe_KA.Anzahl;
+    ErklaereGrundlagen(db, explanation);
     ErklaereBestaende(probe, basis, explanation);
-    ErklaereIndizes(rerun.Spur, {probe, explanation.IstWRRL, basis.DG_Gesamt}, explanation);
+    const auto gesamt =
+        explanation.DG_Gesamt ? std::optional(calc::Gesamtdeckung{*explanation.DG_Gesamt}) : std::nullopt;
+    ErklaereIndizes(rerun.Spur, {probe, explanation.IstWRRL, gesamt}, explanation);
     ErklaereZaehlungen(rerun.Spur, calc::Artnamen(probe), explanation);
     TrageEin(explanation.Indices, rerun.Neu, alt);
     TrageEin(explanation.Classes, rerun.Neu, alt);

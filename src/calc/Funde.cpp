@@ -135,7 +135,10 @@ Probe LiesProbe(store::Database& database, std::int32_t ID_TR) {
 std::optional<LeftOutRule> Auslassregel(const Fund& fund, const Bedingungen& bedingungen) {
     const bool schalen = bedingungen.Block == SampleBlock::Valves;
     if (!Ueber0(schalen ? fund.Schalen_KA : fund.DG)) return LeftOutRule::NoAbundance;
-    if (!schalen && !(bedingungen.DG_Gesamt.Prozent > 0)) return LeftOutRule::NoTotalCover;
+    // A Null total cover keeps nothing out: it ends the calculation.
+    if (!schalen && bedingungen.DG_Gesamt && !(bedingungen.DG_Gesamt->Prozent > 0)) {
+        return LeftOutRule::NoTotalCover;
+    }
     if (!fund.HatWerte) return LeftOutRule::NoRatings;
     if (bedingungen.MitAlgenart && !schalen && !fund.HatAlgenart) return LeftOutRule::NoAlgenart;
     if (!bedingungen.IstWRRL) return std::nullopt;

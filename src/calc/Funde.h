@@ -46,7 +46,7 @@ struct Bedingungen {
     SampleBlock Block = SampleBlock::Macroalgae;
     bool MitAlgenart = false;
     bool IstWRRL = false;
-    Gesamtdeckung DG_Gesamt;
+    std::optional<Gesamtdeckung> DG_Gesamt;  ///< absent where it was not entered
 };
 
 /// The first rule that keeps a finding out of a block; none where it counts.

@@ -207,10 +207,28 @@ TEST(ExplanationText, TellsAFailureAndAMissingSample) {
     EXPECT_THAT(text, HasSubstr("SapIndex: nicht berechnet"));
     EXPECT_THAT(text, HasSubstr("Gespeichertes Ergebnis: keines\n"));
 
+    // The row of the failed calculation is there, but it is not to be called current.
+    failed.State = StoredResult::Current;
+    EXPECT_THAT(Printed(failed), HasSubstr("Gespeichertes Ergebnis: unvollständig\n"));
+    EXPECT_THAT(Printed(failed), Not(HasSubstr("aktuell")));
+    EXPECT_THAT(Printed(failed, English), HasSubstr("Stored result: incomplete\n"));
+
     Explanation empty = OneMacroalga();
     empty.Sampled = false;
     EXPECT_THAT(Printed(empty), HasSubstr("Keine Algenaufnahme: der Teilraum wird nicht berechnet.\n"));
     EXPECT_THAT(Printed(empty), Not(HasSubstr("SapIndex")));
+}
+
+TEST(ExplanationText, TellsACoverThatWasNotEnteredFrom0) {
+    Explanation explanation = OneMacroalga();
+    EXPECT_THAT(Printed(explanation), HasSubstr("Gesamtdeckung ohne Kieselalgen: 50 %\n"));
+    explanation.DG_Gesamt = 0;
+    explanation.DG_Makroalgen = std::nullopt;
+    EXPECT_THAT(Printed(explanation), HasSubstr("Gesamtdeckung ohne Kieselalgen: 0 %\n"));
+    EXPECT_THAT(Printed(explanation), HasSubstr("Deckung der Makroalgen: nicht eingetragen\n"));
+    EXPECT_THAT(Printed(explanation, English), HasSubstr("Cover of the macroalgae: not entered\n"));
+    EXPECT_EQ(ExplanationAsJson(explanation)["DG_Gesamt"], 0.0);
+    EXPECT_TRUE(ExplanationAsJson(explanation)["DG_Makroalgen"].is_null());
 }
 
 TEST(ExplanationJson, HoldsTheSameStructure) {

@@ -336,5 +336,21 @@ TEST_F(Erklaerung, WithoutTotalCoverSaysSoOfEveryCover) {
                 testing::Contains(std::pair("MA 1", LeftOutRule::NoTotalCover)));
 }
 
+TEST_F(Erklaerung, ATotalCoverThatWasNotEnteredIsNoCoverOf0) {
+    db.SetzeNull("awaTeilraum", "DG_Gesamt", "ID_TR=17");
+    EXPECT_TRUE(Fehlschlag([&] { Rechne(); }).has_value());
+    const auto explanation = Explain(db.Datenbank(), TR);
+    ASSERT_TRUE(explanation.Failed.has_value());
+    EXPECT_EQ(explanation.Failed->Number, ErrorNumber::InvalidUseOfNull);
+    EXPECT_EQ(explanation.DG_Gesamt, std::nullopt);
+    EXPECT_EQ(explanation.DG_Makroalgen, 30);
+    // Never reached by the calculation, and yet there are 8 of them.
+    EXPECT_EQ(explanation.Summe_KA, 8);
+    EXPECT_THAT(Ausgelassen(Index(explanation, "SapIndex")),
+                testing::Contains(std::pair("MA 1", LeftOutRule::NotCalculated)));
+    EXPECT_THAT(Ausgelassen(Index(explanation, "SapIndex")),
+                testing::Not(testing::Contains(testing::Pair(testing::_, LeftOutRule::NoTotalCover))));
+}
+
 }  // namespace
 }  // namespace FX_Algen

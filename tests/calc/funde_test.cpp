@@ -62,7 +62,8 @@ TEST_P(Auslassen, NamesTheFirstRuleThatKeepsAFindingOut) {
     const auto& fall = GetParam();
     Fund fund = Vollstaendig();
     fall.Aendern(fund);
-    EXPECT_EQ(Auslassregel(fund, {fall.Block, fall.MitAlgenart, fall.IstWRRL, {fall.DG_Gesamt}}), fall.Regel)
+    EXPECT_EQ(Auslassregel(fund, {fall.Block, fall.MitAlgenart, fall.IstWRRL, Gesamtdeckung{fall.DG_Gesamt}}),
+              fall.Regel)
         << fall.Beschreibung;
 }
 INSTANTIATE_TEST_SUITE_P(Rules, Auslassen, testing::ValuesIn(faelle));
