@@ -9,6 +9,7 @@
 // clang-format off
 // begin of the example
 #include <iostream>
+#include <memory>
 #include <string>
 
 #include "FX_Algen/FX_Algen.h"
