@@ -12,6 +12,7 @@
 #include "FX_Algen/Explain.h"
 #include "FX_Algen/Load.h"
 #include "FX_Algen/Messages.h"
+#include "FX_Algen/Runden.h"
 #include "FX_Algen/Store.h"
 #include "FX_Algen/Texts.h"
 #include "FX_Algen/Value.h"
