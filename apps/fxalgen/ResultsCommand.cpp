@@ -127,8 +127,11 @@ private:
                                    table + ".ID = Teilraum.ID_TR WHERE Teilraum.ID_TR Is Null;");
         if (stray->Eof()) return;
         stray->MoveLast();
-        streams.Err << "fxalgen results: " << stray->RecordCount() << " rows of " << table
-                    << " belong to no sub-habitat and are not shown\n";
+        const auto count = stray->RecordCount();
+        streams.Err << "fxalgen results: " << count << (count == 1 ? " row of " : " rows of ") << table
+                    << (count == 1 ? " belongs to no sub-habitat and is"
+                                   : " belong to no sub-habitat and are")
+                    << " not shown\n";
     }
 
     std::string path_;

@@ -187,7 +187,7 @@ TEST_F(Results, WarnOfRowsThatBelongToNoSubHabitat) {
     const Outcome outcome = Call({"results", path_, "--format", "csv"});
     EXPECT_EQ(outcome.Code, 0);
     EXPECT_EQ(outcome.Err,
-              "fxalgen results: 1 rows of awaErgProjekt belong to no sub-habitat and are not shown\n");
+              "fxalgen results: 1 row of awaErgProjekt belongs to no sub-habitat and is not shown\n");
     EXPECT_EQ(Call({"results", path_, "--scope", "Projekt:1"}).Err, "");
 }
 
