@@ -1,8 +1,8 @@
 #include "store/Binding.h"
 
-#include <algorithm>
 #include <optional>
 
+#include "store/ColumnValue.h"
 #include "store/LikePattern.h"
 
 namespace FX_Algen::store {
@@ -27,20 +27,12 @@ Value Negated(const Value& value) {
     return -value.R8();
 }
 
-Value DayOf(const Value& value) {
-    constexpr std::size_t day_size = 10;
-    auto iso = value.AsDate().Iso;
-    iso.resize(std::min(iso.size(), day_size));
-    return Date{std::move(iso)};
-}
-
 Value ValueFor(const dialect::Binding& binding, const dialect::Literal& literal) {
     const auto number = ShortNumber(literal);
     Value value = number ? Value(*number) : dialect::LiteralValue(literal);
     if (binding.Negate) value = Negated(value);
-    if (binding.DayOnly) value = DayOf(value);
     if (binding.IsPattern) LikePattern(value.Text());  // checks it also where no row is compared
-    return value.As(binding.ConvertTo);
+    return binding.ConvertTo == Kind::Null ? value : ForColumn(value, binding.ConvertTo, !binding.DayOnly);
 }
 
 }  // namespace

@@ -73,6 +73,7 @@ Connection::Connection(std::string name, DatabaseFile file)
       engine_(OpenEngine(file_.Path, false)),
       catalogue_(*engine_, "main") {
     CheckLayout(*engine_, "main", name_);
+    engine_->WriteAhead();
 }
 
 void Connection::SchemaChanged() {
@@ -90,6 +91,7 @@ bool Connection::RefreshSchema() {
 }
 
 EngineStatement& Connection::OwnStatement(const std::string& sql) {
+    if (sql.size() > LongestKept) return *own_statements_.Pass(engine_->Prepare(sql));
     if (auto* kept = own_statements_.Find(sql)) return **kept;
     return *own_statements_.Add(sql, engine_->Prepare(sql));
 }
@@ -113,6 +115,7 @@ Connection::Prepared& Connection::Translate(std::string_view statement) {
     prepared.Statement = engine_->Prepare(prepared.Translated.Sql);
     if (prepared.Translated.Is == dialect::Translation::Verb::Select)
         prepared.Shape = std::make_shared<const ResultShape>(prepared.Translated, catalogue_);
+    if (statement.size() > LongestKept) return statements_.Pass(std::move(prepared));
     return statements_.Add(shape_.Key, std::move(prepared));
 }
 
@@ -133,7 +136,7 @@ Connection::Prepared& Connection::PreparedForSource(std::string_view source) {
         if (auto* kept = FindPrepared()) return *kept;
         return Translate(*select);
     }
-    if (IsBareName(source))
+    if (IsBareName(source) && !dialect::StartsWithWord(source))
         throw Error(ErrorNumber::UnknownTable, "There is no table or view '" + std::string(source) + "'.");
     return Translate(source);
 }

@@ -66,6 +66,9 @@ public:
     /// The same for a database that was attached under the name `schema`.
     virtual void DurableIn(const std::string& schema, bool powerFailure) = 0;
     virtual bool InTransaction() const = 0;
+    /// Makes the file log its changes ahead, as a file that was created does; nothing where it may not be
+    /// written. Opening alone leaves a file as it is, since it may turn out to be another program's.
+    virtual void WriteAhead() = 0;
 };
 
 /// Opens the file at `path`. 53 if it does not exist and `create` is false, 3343 if it is no database.

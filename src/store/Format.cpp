@@ -194,6 +194,8 @@ std::string FormatNumber(double number, std::string_view places) {
 }
 
 std::optional<double> NumberOf(const Value& value) {
+    // A 32-bit float by its own digits: as a 64-bit one it would show others behind them.
+    if (value.kind() == Kind::R4) return Value(value.Text()).R8();
     try {
         return value.R8();
     } catch (const Error&) {
@@ -228,6 +230,10 @@ std::string FormatValue(const Value& value, std::string_view pattern) {
         auto out = FormatMoment(date ? MomentOf(date->Iso) : Moment{}, parts, pattern);
         return date ? out : value.Text();
     }
+    if (value.kind() == Kind::Date && pattern.find_first_of("0#") != std::string_view::npos)
+        throw Error(ErrorNumber::TypeMismatch, "Format: the date '" + value.Text() +
+                                                   "' has no places for the pattern '" +
+                                                   std::string(pattern) + "'.");
     const auto number = NumberOf(value);
     if (!number) return value.Text();
     return FormatByPlaces(*number, parts.front().Text, pattern);

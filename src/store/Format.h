@@ -12,7 +12,7 @@ namespace FX_Algen::store {
 /// Dates: d dd m mm yy yyyy h hh n nn s ss, m behind h is minutes. Numbers: 0 (a digit) and # (a digit where
 /// there is one) with a point, rounded half away from zero. Text in double quotes and a character behind a
 /// backslash stand for themselves, as does all that is no letter. A text that is no date or number comes
-/// back as it is. 3075 for letters that the pattern language does not have.
+/// back as it is. 3075 for letters that the pattern language does not have, 13 for a date by places.
 std::string FormatValue(const Value& value, std::string_view pattern);
 
 /// A date as it reads in a text: "12.05.2026", "12.05.2026 09:30:00" or "09:30:00".

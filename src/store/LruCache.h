@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <iterator>
 #include <list>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -41,7 +42,11 @@ public:
         return entries_.front().second;
     }
 
+    /// An entry that is not kept: it stays where it is until the next `Pass` or `Clear`.
+    Entry& Pass(Entry entry) { return passing_.emplace(std::move(entry)); }
+
     void Clear() {
+        passing_.reset();
         places_.clear();
         entries_.clear();
     }
@@ -60,6 +65,7 @@ private:
     }
 
     std::size_t limit_;
+    std::optional<Entry> passing_;
     List entries_;  ///< most recently used first
     /// The keys are those of the entries.
     std::unordered_multimap<std::string_view, typename List::iterator> places_;

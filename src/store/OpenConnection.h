@@ -37,6 +37,8 @@ class Connection final : public dialect::ExternalSource {
 public:
     /// Statements that are kept ready.
     static constexpr std::size_t StatementLimit = 256;
+    /// Bytes of the longest text that is kept ready. Longer ones hold lists of keys and do not come twice.
+    static constexpr std::size_t LongestKept = 8192;
     /// Other files that are kept attached for INSERT … IN.
     static constexpr std::size_t AttachmentLimit = 4;
 

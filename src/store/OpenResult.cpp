@@ -35,6 +35,7 @@ std::optional<ResultShape::Origin> OriginOf(const dialect::ResultColumn& column,
     if (declared != nullptr) {
         const auto keys = std::count_if(table->Columns.begin(), table->Columns.end(),
                                         [](const auto& one) { return one.IsKey; });
+        origin.IsTime = declared->HasTime;
         origin.IsKey = declared->IsKey;
         origin.IsIdentity = declared->IsKey && keys == 1 && declared->Type == Kind::I4;
     }
@@ -44,7 +45,10 @@ std::optional<ResultShape::Origin> OriginOf(const dialect::ResultColumn& column,
 }  // namespace
 
 ResultShape::ResultShape(const dialect::Translation& translation, const dialect::Catalogue& catalogue)
-    : Sources(translation.RowIds), Columns(translation.Columns), Translated(translation.Sql) {
+    : Sources(translation.RowIds),
+      Columns(translation.Columns),
+      Translated(translation.Sql),
+      IsJoin(translation.IsJoin) {
     for (const auto& column : Columns) {
         Fields.push_back({column.Name, column.Type, column.Table, column.Column});
         Kinds.push_back(column.Type);

@@ -24,6 +24,7 @@ public:
         std::size_t Source = 0;  ///< position in `Sources`
         std::string Column;      ///< name in quotes, as the engine reads it
         Kind Type = Kind::Null;
+        bool IsTime = false;      ///< of a date: declared TIME
         bool IsKey = false;       ///< part of the table's primary key
         bool IsIdentity = false;  ///< a lone integer key: the identity of the row itself
     };
@@ -34,6 +35,7 @@ public:
     std::vector<dialect::RowIdColumn> Sources;   ///< base tables; none where the result is not updatable
     std::vector<dialect::ResultColumn> Columns;  ///< as the dialect tells them
     std::string Translated;
+    bool IsJoin = false;  ///< several tables stand in FROM, whether or not the result shows columns of them
 
     /// Position of a field by its name, without regard to case.
     std::optional<std::size_t> Find(std::string_view name) const;

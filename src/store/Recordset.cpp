@@ -1,4 +1,6 @@
 #include "FX_Algen/Store.h"
+#include "store/ColumnValue.h"
+#include "store/LikePattern.h"
 #include "store/OpenConnection.h"
 #include "store/RowWriter.h"
 
@@ -43,7 +45,7 @@ void NeedUpdatable(const RecordsetState& state, std::string_view operation, bool
     if (state.Shape->Sources.empty())
         FailWithoutRow(state, operation,
                        "The rows of this result are no rows of a table and cannot be changed.");
-    if (single && state.Shape->Sources.size() != 1)
+    if (single && state.Shape->IsJoin)
         FailWithoutRow(state, operation, "The rows of a join are rows of several tables.");
 }
 
@@ -81,6 +83,16 @@ const Value& FieldOf(const RecordsetState& state, std::size_t index) {
     return state.At(static_cast<std::size_t>(state.Position), index);
 }
 
+/// Sets a column in each field that shows it.
+void SetField(RecordsetState& state, const ResultShape::Origin& origin, const Value& value) {
+    for (std::size_t i = 0; i < state.Width(); ++i) {
+        const auto& other = state.Shape->Origins[i];
+        if (!other || other->Source != origin.Source || other->Column != origin.Column) continue;
+        state.Edited[i] = value;
+        state.IsEdited[i] = true;
+    }
+}
+
 Error FailureOfWrite(std::string_view operation, const Error& cause, const RecordsetState& state) {
     return FailureIn(operation, cause, state.Source);
 }
@@ -92,9 +104,9 @@ Recordset::~Recordset() = default;
 
 // ---- the current row ---------------------------------------------------------------------------
 
-bool Recordset::Eof() const noexcept { return state_->Rows.Count == 0 || state_->Position >= End(*state_); }
+bool Recordset::Eof() const noexcept { return Alive(*state_) == 0 || state_->Position >= End(*state_); }
 
-bool Recordset::Bof() const noexcept { return state_->Rows.Count == 0 || state_->Position < 0; }
+bool Recordset::Bof() const noexcept { return Alive(*state_) == 0 || state_->Position < 0; }
 
 void Recordset::MoveFirst() {
     NeedRows(*state_, "MoveFirst");
@@ -108,13 +120,16 @@ void Recordset::MoveLast() {
 
 void Recordset::MoveNext() {
     NeedOpen(*state_, "MoveNext");
-    if (Eof()) FailWithoutRow(*state_, "MoveNext", "There is no record behind the last one.");
+    // A deleted row is a place to go on from, also where it was the only one.
+    if (state_->Position >= End(*state_))
+        FailWithoutRow(*state_, "MoveNext", "There is no record behind the last one.");
     MoveTo(*state_, state_->Position + 1, 1);
 }
 
 void Recordset::MovePrevious() {
     NeedOpen(*state_, "MovePrevious");
-    if (Bof()) FailWithoutRow(*state_, "MovePrevious", "There is no record before the first one.");
+    if (state_->Rows.Count == 0 || state_->Position < 0)
+        FailWithoutRow(*state_, "MovePrevious", "There is no record before the first one.");
     MoveTo(*state_, state_->Position - 1, -1);
 }
 
@@ -166,11 +181,10 @@ void Recordset::Collect(std::string_view name, const Value& value) {
     const auto& origin = state.Shape->Origins[field];
     if (!origin) FailUnknownField(state, "Collect", name, "No table has the field");
     try {
-        state.Edited[field] = value.As(origin->Type);
+        SetField(state, *origin, ForColumn(value, origin->Type, origin->IsTime));
     } catch (const Error& error) {
         throw FailureOfWrite("Collect of '" + std::string(name) + "'", error, state);
     }
-    state.IsEdited[field] = true;
 }
 
 void Recordset::Update() {
@@ -217,6 +231,7 @@ void Recordset::FindFirst(std::string_view criterion) {
     try {
         const auto parsed = dialect::TranslateCriterion(criterion, state.Shape->Columns);
         translated = parsed.Sql;
+        for (const auto pattern : parsed.Patterns) LikePattern(parsed.Literals[pattern].Text());
         auto& statement = state.Store->OwnStatement(parsed.Sql);
         for (std::ptrdiff_t row = Nearest(state, 0, 1); row < End(state); row = Nearest(state, row + 1, 1)) {
             const StatementUse use(statement);

@@ -12,11 +12,18 @@ using detail::RecordsetState;
 
 std::size_t CurrentRow(const RecordsetState& state) { return static_cast<std::size_t>(state.Position); }
 
-/// Fields that were set, of one source.
+bool Repeats(const RecordsetState& state, const std::vector<std::size_t>& fields, std::size_t field) {
+    return std::any_of(fields.begin(), fields.end(), [&](std::size_t other) {
+        return state.Shape->Origins[other]->Column == state.Shape->Origins[field]->Column;
+    });
+}
+
+/// Fields that were set, of one source; of several that show one column the first.
 std::vector<std::size_t> EditedFields(const RecordsetState& state, std::size_t source) {
     std::vector<std::size_t> fields;
     for (std::size_t i = 0; i < state.Width(); ++i)
-        if (state.IsEdited[i] && state.Shape->Origins[i]->Source == source) fields.push_back(i);
+        if (state.IsEdited[i] && state.Shape->Origins[i]->Source == source && !Repeats(state, fields, i))
+            fields.push_back(i);
     return fields;
 }
 
@@ -83,11 +90,14 @@ void FollowKey(RecordsetState& state, std::size_t source, const std::vector<std:
 }
 
 /// The values written, in this row and in those that a join repeats the table's row in.
-void ShowWritten(RecordsetState& state, std::size_t source, const std::vector<std::size_t>& fields) {
+void ShowWritten(RecordsetState& state, std::size_t source) {
     const RowId id = state.IdAt(CurrentRow(state), source);
-    for (std::size_t row = 0; row < state.Rows.Count; ++row)
-        if (state.IdAt(row, source) == id)
-            for (const auto field : fields) state.At(row, field) = state.Edited[field];
+    for (std::size_t row = 0; row < state.Rows.Count; ++row) {
+        if (state.IdAt(row, source) != id) continue;
+        for (std::size_t field = 0; field < state.Width(); ++field)
+            if (state.IsEdited[field] && state.Shape->Origins[field]->Source == source)
+                state.At(row, field) = state.Edited[field];
+    }
 }
 
 /// What the table holds of a new row, defaults and counter included.
@@ -135,7 +145,7 @@ void WriteEditedRow(RecordsetState& state) {
         together.Keep();
     }
     for (const auto& [source, fields] : changes) {
-        ShowWritten(state, source, fields);
+        ShowWritten(state, source);
         FollowKey(state, source, fields);
     }
 }

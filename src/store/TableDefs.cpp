@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <charconv>
 #include <set>
 
 #include "FX_Algen/Store.h"
@@ -18,7 +19,7 @@ constexpr TypeOfField types[] = {
     {FieldType::Boolean, "BOOLEAN", Kind::Bool}, {FieldType::Integer, "SMALLINT", Kind::I2},
     {FieldType::Long, "INTEGER", Kind::I4},      {FieldType::Single, "FLOAT", Kind::R4},
     {FieldType::Double, "DOUBLE", Kind::R8},     {FieldType::Date, "DATE", Kind::Date},
-    {FieldType::Text, "TEXT", Kind::Text},       {FieldType::Memo, "TEXT", Kind::Text},
+    {FieldType::Text, "TEXT", Kind::Text},       {FieldType::Memo, "TEXT MEMO", Kind::Text},
 };
 
 const TypeOfField& TypeOf(const FieldDef& field) {
@@ -30,7 +31,6 @@ const TypeOfField& TypeOf(const FieldDef& field) {
 }
 
 FieldType TypeOf(Kind kind) {
-    // The first of a kind: a long text and a short one are declared alike.
     const auto at = std::find_if(std::begin(types), std::end(types),
                                  [kind](const TypeOfField& one) { return one.Values == kind; });
     return at == std::end(types) ? FieldType::Text : at->Type;
@@ -66,9 +66,11 @@ std::string Declaration(const FieldDef& field) {
     const auto name = Quoted(field.Name);
     std::string out = name;
     out.append(" ").append(type.Declared);
+    const bool sized = field.Type == FieldType::Text && field.Size > 0;
+    if (sized) out.append("(").append(std::to_string(field.Size)).append(")");
     if (field.DefaultValue) out.append(" DEFAULT ").append(DefaultLiteral(field, type.Values));
     if (field.Type == FieldType::Boolean) out.append(" CHECK(").append(name).append(" IN (-1,0))");
-    if (field.Type == FieldType::Text && field.Size > 0)
+    if (sized)
         out.append(" CHECK(length(")
             .append(name)
             .append(")<=")
@@ -89,11 +91,43 @@ void Change(Connection& connection, std::string_view operation, std::string_view
     connection.SchemaChanged();
 }
 
-std::vector<FieldDef> FieldsOf(const dialect::TableInfo& table) {
+FieldType TypeOf(std::string_view declared) {
+    const bool isMemo = dialect::Fold(declared) == "text memo";
+    return isMemo ? FieldType::Memo : TypeOf(KindOfType(declared));
+}
+
+/// 50 of "TEXT(50)"; 0 where no size is declared.
+std::int32_t SizeOf(std::string_view declared) {
+    std::int32_t size = 0;
+    const auto at = std::min(declared.find('(') + 1, declared.size());
+    if (declared.find('(') != std::string_view::npos)
+        std::from_chars(declared.data() + at, declared.data() + declared.size(), size);
+    return size;
+}
+
+/// A default as text, from the literal that the schema declares; none for Null.
+std::optional<std::string> DefaultOf(std::string_view literal) {
+    if (dialect::Fold(literal) == "null") return std::nullopt;
+    if (literal.size() < 2 || literal.front() != '\'' || literal.back() != '\'') return std::string(literal);
+    std::string text;
+    for (std::size_t i = 1; i + 1 < literal.size(); ++i) {
+        text += literal[i];
+        if (literal[i] == '\'') ++i;
+    }
+    return text;
+}
+
+std::vector<FieldDef> FieldsOf(Connection& connection, const std::string& table) {
     std::vector<FieldDef> fields;
-    fields.reserve(table.Columns.size());
-    for (const auto& column : table.Columns)
-        fields.push_back({column.Name, TypeOf(column.Type), 0, std::nullopt});
+    const auto rows =
+        connection.TheEngine().Prepare("SELECT name, type, dflt_value FROM pragma_table_info(?1)");
+    rows->Bind(0, Value(table));
+    while (rows->Step()) {
+        const auto declared = rows->Text(1);
+        FieldDef field{std::string(rows->Text(0)), TypeOf(declared), SizeOf(declared), std::nullopt};
+        if (!rows->IsNull(2)) field.DefaultValue = DefaultOf(rows->Text(2));
+        fields.push_back(std::move(field));
+    }
     return fields;
 }
 
@@ -128,8 +162,7 @@ void TableDefs::Refresh() {
 
 /// The fields of a table are read when it is first asked for: lists are long, and one is wanted.
 TableDef& TableDefs::WithFields(TableDef& table) {
-    if (table.fields_.empty())
-        if (const auto* info = connection_->Tables().FindTable(table.Name())) table.fields_ = FieldsOf(*info);
+    if (table.fields_.empty()) table.fields_ = FieldsOf(*connection_, table.Name());
     return table;
 }
 

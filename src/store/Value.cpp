@@ -64,7 +64,7 @@ Integer ToInteger(double v, Kind wanted) {
 
 float ToFloat(double v) {
     const auto result = static_cast<float>(v);
-    if (std::isinf(result) && !std::isinf(v)) FailOverflow(NumberText(v), Kind::R4);
+    if (!std::isfinite(result)) FailOverflow(NumberText(v), Kind::R4);
     return result;
 }
 
@@ -158,6 +158,9 @@ std::optional<Date> ParseDate(std::string_view text) {
     }
     const auto time = ReadTime(text);
     if (!time || !text.empty()) return std::nullopt;
+    // Midnight is the day itself, and a time of the day zero is the time alone.
+    if (day && *time == "00:00:00") return Date{*day};
+    if (day && *day == "1899-12-30") return Date{*time};
     out.Iso += *time;
     return out;
 }

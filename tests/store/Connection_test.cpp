@@ -44,6 +44,28 @@ TEST_F(ConnectionTest, FilesThatAreNoDatabaseOfThisLayoutAreRefused) {
     EXPECT_NE(words.find("version " + std::to_string(LayoutVersion)), std::string::npos) << words;
 }
 
+TEST_F(ConnectionTest, AFileThatIsRefusedStaysAsItIs) {
+    const auto bytes = [](const std::string& path) {
+        std::ifstream file(path, std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    };
+    const auto empty = folder_.File("leer.db");
+    std::ofstream(empty).flush();
+    const auto other = folder_.File("andere.db");
+    OtherProgram(other).Run("PRAGMA user_version=77; CREATE TABLE t(a)");
+    for (const auto& path : {empty, other}) {
+        const auto before = bytes(path);
+        EXPECT_EQ(FailureNumber([&] { Open(path); }), ErrorNumber::NotADatabase) << path;
+        EXPECT_EQ(bytes(path), before) << path;
+        for (const char* beside : {"-wal", "-shm", "-journal"})
+            EXPECT_FALSE(std::filesystem::exists(path + beside)) << path << beside;
+    }
+}
+
+TEST_F(ConnectionTest, AFileThatIsTakenWritesAhead) {
+    EXPECT_EQ(OtherProgram(path_).One("PRAGMA journal_mode"), "wal");
+}
+
 TEST_F(ConnectionTest, HandlesOnOnePathShareAConnection) {
     const auto link = folder_.File("Verweis.db");
     std::filesystem::create_symlink(path_, link);
@@ -113,6 +135,45 @@ TEST_F(ConnectionTest, TheStatementCacheIsBounded) {
                   Value(3));
     EXPECT_EQ(TheConnection().StatementCount(), Connection::StatementLimit);
     EXPECT_EQ(One("SELECT ID_ART AS Spalte0 FROM awaArt WHERE ID_ART=2"), Value(2));
+}
+
+TEST_F(ConnectionTest, LongStatementsAreNotKept) {
+    const auto before = TheConnection().StatementCount();
+    std::string list;
+    for (int i = 1; list.size() < Connection::LongestKept; ++i)
+        list += (i > 1 ? "," : "") + std::to_string(i);
+    for (int i = 0; i < 260; ++i) {
+        list += ",1";
+        db_->Execute("UPDATE awaArt SET Algenart=Algenart WHERE ID_ART IN (" + list + ")");
+        EXPECT_EQ(db_->RecordsAffected(), 4);
+    }
+    EXPECT_EQ(TheConnection().StatementCount(), before);
+    EXPECT_EQ(db_->OpenRecordset("SELECT * FROM awaArt WHERE ID_ART IN (" + list + ")")->RecordCount(), 4);
+    EXPECT_EQ(TheConnection().StatementCount(), before);
+    const auto rows = db_->OpenRecordset("SELECT * FROM awaArt");
+    rows->FindFirst("ID_ART IN (77," + list + ")");
+    EXPECT_FALSE(rows->NoMatch());
+}
+
+TEST_F(ConnectionTest, AnotherProgramThatWritesIsToldAsInUse) {
+    // Without the wait of some seconds.
+    TheConnection().TheEngine().Run("PRAGMA busy_timeout=0");
+    OtherProgram other(path_);
+    other.Run("BEGIN IMMEDIATE");
+    const auto write = [&] { db_->Execute("UPDATE awaArt SET Algenart=1"); };
+    EXPECT_EQ(FailureNumber(write), ErrorNumber::NotADatabase);
+    EXPECT_NE(FailureWords(write).find("in use by another program"), std::string::npos)
+        << FailureWords(write);
+    EXPECT_EQ(One("SELECT Algenart FROM awaArt WHERE ID_ART=2"), Value(std::int16_t{2}));  // reading goes on
+    other.Run("ROLLBACK");
+    EXPECT_EQ(FailureNumber(write), 0);
+}
+
+TEST_F(ConnectionTest, ADatabaseThatMayNotBeWrittenIsTold) {
+    TheConnection().TheEngine().Run("PRAGMA query_only=1");
+    const auto write = [&] { db_->Execute("UPDATE awaArt SET Algenart=1"); };
+    EXPECT_EQ(FailureNumber(write), ErrorNumber::NotADatabase);
+    EXPECT_NE(FailureWords(write).find("read-only"), std::string::npos) << FailureWords(write);
 }
 
 TEST_F(ConnectionTest, LiteralsThatShapeTheTranslationAreKeptApart) {

@@ -176,8 +176,8 @@ TEST_F(EngineTest, FunctionsOfTheDialectFollowTheStore) {
         {"fx_like(12,'1#')", 1},
         {"fx_div(1,4)", 0.25},
         {"fx_div(NULL,0)", Value()},
-        {"fx_format('2026-05-09','dd.mm.yyyy')", "09.05.2026"},
-        {"fx_format(NULL,'dd')", ""},
+        {"fx_format('2026-05-09','dd.mm.yyyy',7)", "09.05.2026"},
+        {"fx_format(NULL,'dd',0)", ""},
         {"fx_text(-1,5)", "-1"},
         {"fx_text(1,5)", "-1"},
         {"fx_text('2026-05-09',7)", "09.05.2026"},
@@ -192,6 +192,12 @@ TEST_F(EngineTest, FunctionsOfTheDialectFollowTheStore) {
         {"fx_to(5,5)", -1},
         {"fx_to(12,6)", "12"},
         {"fx_to('9.5.2026',7)", "2026-05-09"},
+        {"fx_to('9.5.2026 9:30',7)", "2026-05-09"},  // a column of days
+        {"fx_to('9.5.2026 9:30',8)", "09:30:00"},    // a column of times
+        {"fx_to('9:30',8)", "09:30:00"},
+        {"fx_finite(NULL,0)", Value()},
+        {"fx_finite(7,0)", 7},
+        {"fx_format(2.6749999523162842,'0.00',3)", "2.68"},  // 2.675 as a 32-bit float
         {"fx_to(NULL,1)", Value()},
         {"'HÄUFIG'='häufig' COLLATE FX_CI", 1},
         {"'ä'<'b' COLLATE FX_DE", 1},
@@ -203,9 +209,13 @@ TEST_F(EngineTest, FunctionsOfTheDialectFollowTheStore) {
     };
     EXPECT_EQ(number("fx_to(40000,1)"), ErrorNumber::Overflow);
     EXPECT_EQ(number("fx_to('x',2)"), ErrorNumber::TypeMismatch);
+    EXPECT_EQ(number("fx_to('9:30',7)"), ErrorNumber::TypeMismatch);
+    for (const char* call : {"fx_to(1e999,4)", "fx_to(1e999,3)", "fx_to(1e999,5)", "fx_text(1e999,0)",
+                             "fx_finite(-1e999,0)", "fx_div(1e308,1e-10)", "1e999"})
+        EXPECT_EQ(number(call), ErrorNumber::Overflow) << call;
     EXPECT_EQ(number("fx_cstr(NULL,0)"), ErrorNumber::InvalidUseOfNull);
     EXPECT_EQ(number("fx_like('a','[')"), ErrorNumber::SyntaxError);
-    EXPECT_EQ(number("fx_format('2026-05-09','qq')"), ErrorNumber::SyntaxError);
+    EXPECT_EQ(number("fx_format('2026-05-09','qq',7)"), ErrorNumber::SyntaxError);
 }
 
 TEST_F(EngineTest, PatternOfEachRowIsItsOwn) {

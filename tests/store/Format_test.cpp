@@ -40,6 +40,8 @@ TEST(Format, NumbersByPlaces) {
         {-0.4, "0", "0"},
         {0.5, "#.##", ".5"},
         {12.0, "#.##", "12."},
+        {2.675F, "0.00", "2.68"},  // by the digits of 32 bits, not those of 2.6749999523
+        {0.1F, "0.#########", "0.1"},
         {7, "000", "007"},
         {9.996, "0.00", "10.00"},
         {1234.5, "0.0#", "1234.5"},
@@ -56,6 +58,13 @@ TEST(Format, LettersThatMeanNothingAreSyntaxErrors) {
     for (const char* pattern : {"dddd", "mmm", "q", "hhh", "yyy", "Nr. 0"})
         EXPECT_EQ(test::FailureNumber([&] { FormatValue(Date{"2026-05-09"}, pattern); }),
                   ErrorNumber::SyntaxError)
+            << pattern;
+}
+
+TEST(Format, ADateHasNoPlaces) {
+    for (const char* pattern : {"0", "#.##", "0.00"})
+        EXPECT_EQ(test::FailureNumber([&] { FormatValue(Date{"2026-05-09"}, pattern); }),
+                  ErrorNumber::TypeMismatch)
             << pattern;
 }
 

@@ -24,6 +24,15 @@ TEST(LruCache, TheLeastRecentlyUsedEntryGoesFirst) {
     }
 }
 
+TEST(LruCache, APassingEntryIsNotKept) {
+    LruCache<int> cache(2);
+    cache.Add("a", 1);
+    EXPECT_EQ(cache.Pass(5), 5);
+    EXPECT_EQ(cache.Pass(6), 6);
+    EXPECT_EQ(cache.Size(), 1U);
+    EXPECT_NE(cache.Find("a"), nullptr);
+}
+
 TEST(LruCache, EntriesUnderOneKeyAreToldApartAndCountEach) {
     LruCache<int> cache(2);
     cache.Add("a", 1);

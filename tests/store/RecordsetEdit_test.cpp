@@ -1,3 +1,4 @@
+#include <limits>
 #include <vector>
 
 #include "StoreFixture.h"
@@ -184,7 +185,105 @@ TEST_F(RecordsetEdit, ALoopCanDeleteEveryRow) {
     EXPECT_EQ(turns, 4);
     EXPECT_EQ(rows->RecordCount(), 0);
     EXPECT_EQ(Stored("SELECT count(*) FROM awaArtPrStelle"), "0");
+    EXPECT_TRUE(rows->Eof());
+    EXPECT_TRUE(rows->Bof());
     EXPECT_EQ(FailureNumber([&] { rows->MoveFirst(); }), ErrorNumber::NoCurrentRecord);
+}
+
+TEST_F(RecordsetEdit, WithoutRowsItIsAtBothEndsAtOnce) {
+    const auto rows = db_->OpenRecordset("SELECT * FROM awaArt WHERE ID_ART=4");
+    EXPECT_FALSE(rows->Eof());
+    rows->Delete();
+    EXPECT_TRUE(rows->Eof());
+    EXPECT_TRUE(rows->Bof());
+    rows->AddNew();
+    rows->Collect("Name", "Neu");
+    rows->Update();
+    EXPECT_FALSE(rows->Eof());
+    rows->MoveFirst();
+    EXPECT_EQ((*rows)["Name"], Value("Neu"));
+}
+
+TEST_F(RecordsetEdit, DatesAreCheckedWhenTheyAreCollected) {
+    const auto rows = db_->OpenRecordset("SELECT Datum, Zeit, Stelle FROM awaPrStelle WHERE ID_PS=1");
+    rows->Edit();
+    struct Case {
+        const char* Field;
+        Value In;
+        Value Out;
+    };
+    const Case cases[] = {
+        {"Datum", Date{"2026-05-12"}, Date{"2026-05-12"}},
+        {"Datum", Date{"2026-05-12 09:30:00"}, Date{"2026-05-12"}},
+        {"Datum", "12.05.2026 9:30", Date{"2026-05-12"}},
+        {"Zeit", "9:30", Date{"09:30:00"}},
+        {"Zeit", Date{"1899-12-30 09:30:00"}, Date{"09:30:00"}},
+        {"Zeit", Date{"2026-05-12 09:30:00"}, Date{"09:30:00"}},
+        {"Zeit", Date{"2026-05-12"}, Date{"00:00:00"}},
+        {"Stelle", Date{"2026-05-12"}, "12.05.2026"},
+    };
+    for (const Case& c : cases) {
+        rows->Collect(c.Field, c.In);
+        EXPECT_EQ((*rows)[c.Field], c.Out) << c.Field << " " << c.In.Text();
+    }
+    for (const char* wrong : {"unfug", "", "2026-02-30", "2026-05-12 25:00:00"})
+        for (const char* field : {"Datum", "Zeit", "Stelle"})
+            EXPECT_EQ(FailureNumber([&] { rows->Collect(field, Date{wrong}); }), ErrorNumber::TypeMismatch)
+                << field << " " << wrong;
+    EXPECT_EQ(FailureNumber([&] { rows->Collect("Datum", Date{"09:30:00"}); }), ErrorNumber::TypeMismatch);
+}
+
+TEST_F(RecordsetEdit, WhatIsNotFiniteIsNotCollected) {
+    const auto rows = db_->OpenRecordset("SELECT Tiefe, Stelle, Anzeige FROM awaPrStelle WHERE ID_PS=1");
+    rows->Edit();
+    for (const double value :
+         {std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity(),
+          std::numeric_limits<double>::quiet_NaN()})
+        for (const char* field : {"Tiefe", "Stelle", "Anzeige"})
+            EXPECT_EQ(FailureNumber([&] { rows->Collect(field, value); }), ErrorNumber::Overflow)
+                << field << " " << value;
+}
+
+TEST_F(RecordsetEdit, AColumnShownTwiceShowsWhatWasWrittenTwice) {
+    const auto rows = db_->OpenRecordset("SELECT Name, ID_ART, Name AS Gattung FROM awaArt WHERE ID_ART=1");
+    rows->Edit();
+    rows->Collect("Gattung", "Oedogonium");
+    EXPECT_EQ((*rows)["Name"], Value("Oedogonium"));
+    rows->Update();
+    EXPECT_EQ((*rows)["Name"], Value("Oedogonium"));
+    EXPECT_EQ((*rows)["Gattung"], Value("Oedogonium"));
+    rows->Edit();
+    rows->Collect("Name", "Ulva");
+    rows->Collect("Gattung", "Ulothrix");  // the last one counts
+    rows->Update();
+    EXPECT_EQ((*rows)["Name"], Value("Ulothrix"));
+    EXPECT_EQ(Stored("SELECT Name FROM awaArt WHERE ID_ART=1"), "Ulothrix");
+    rows->AddNew();
+    rows->Collect("Gattung", "Zäh");
+    rows->Update();
+    rows->MoveLast();
+    EXPECT_EQ((*rows)["Name"], Value("Zäh"));
+}
+
+TEST_F(RecordsetEdit, AJoinTakesAndLosesNoRowsWhateverItShows) {
+    for (const char* shown : {"awaArt.*", "f.*", "awaArt.Name, f.DG_MA", "f.ID_PS"}) {
+        for (const char* join : {"INNER JOIN", "LEFT JOIN"}) {
+            const auto rows =
+                db_->OpenRecordset(std::string("SELECT ") + shown + " FROM awaArt " + join +
+                                   " awaArtPrStelle AS f ON awaArt.ID_ART=f.ID_ART WHERE awaArt.ID_ART=1");
+            EXPECT_EQ(FailureNumber([&] { rows->AddNew(); }), ErrorNumber::NoCurrentRecord) << shown;
+            EXPECT_EQ(FailureNumber([&] { rows->Delete(); }), ErrorNumber::NoCurrentRecord) << shown;
+            EXPECT_NE(FailureWords([&] { rows->Delete(); }).find("join"), std::string::npos) << shown;
+            EXPECT_TRUE(rows->Updatable()) << shown;
+        }
+    }
+    EXPECT_EQ(Stored("SELECT count(*) FROM awaArtPrStelle"), "4");
+    EXPECT_EQ(Stored("SELECT count(*) FROM awaArt"), "4");
+    // A select behind In makes no join of it.
+    const auto rows = db_->OpenRecordset(
+        "SELECT * FROM awaArt WHERE ID_ART In (SELECT ID_ART FROM awaArtPrStelle WHERE ID_PS=2)");
+    rows->Delete();
+    EXPECT_EQ(Stored("SELECT count(*) FROM awaArt"), "3");
 }
 
 TEST_F(RecordsetEdit, ARowThatOthersReferToStays) {

@@ -7,6 +7,7 @@ namespace {
 
 using test::FailureNumber;
 using test::FailureWords;
+using test::OtherProgram;
 
 class RecordsetTest : public test::StoreTest {
 protected:
@@ -134,6 +135,10 @@ TEST_F(RecordsetTest, ATableOpensByItsName) {
     EXPECT_TRUE(db_->OpenRecordset("awaArt")->Updatable());
     EXPECT_EQ(FailureNumber([&] { db_->OpenRecordset("awaFehlt"); }), ErrorNumber::UnknownTable);
     EXPECT_EQ(FailureNumber([&] { db_->OpenRecordset("[awa Fehlt]"); }), ErrorNumber::UnknownTable);
+    // A word of the language is no name of a table, unless it stands in brackets.
+    for (const char* word : {"SELECT", " from ;", "Where"})
+        EXPECT_EQ(FailureNumber([&] { db_->OpenRecordset(word); }), ErrorNumber::SyntaxError) << word;
+    EXPECT_EQ(FailureNumber([&] { db_->OpenRecordset("[Select]"); }), ErrorNumber::UnknownTable);
 }
 
 TEST_F(RecordsetTest, TheVerbHasToFitTheOperation) {
@@ -185,6 +190,14 @@ TEST_F(RecordsetTest, LiteralsAreConvertedToTheirColumn) {
               ErrorNumber::Overflow);
 }
 
+TEST_F(RecordsetTest, WhatIsNotFiniteIsNotRead) {
+    // 1E39 is beyond 32 bits, where the greatest number is some 3.4E38; 9e999 is infinite.
+    OtherProgram(path_).Run(
+        "UPDATE awaArtPrStelle SET DG_MA=1e39; INSERT INTO awaFundarchiv(ID, Wert) VALUES(1,9e999)");
+    EXPECT_EQ(FailureNumber([&] { db_->OpenRecordset("awaArtPrStelle"); }), ErrorNumber::Overflow);
+    EXPECT_EQ(FailureNumber([&] { db_->OpenRecordset("awaFundarchiv"); }), ErrorNumber::Overflow);
+}
+
 TEST_F(RecordsetTest, AKeyBeyond32BitsOverflowsWhenItIsRead) {
     test::OtherProgram(path_).Run("INSERT INTO awaArt VALUES(3000000000,'Riese',1)");
     const auto words = FailureWords([&] { db_->OpenRecordset("awaArt"); });
@@ -225,6 +238,15 @@ TEST_F(RecordsetTest, FindFirstGoesToTheFirstRowThatFits) {
     EXPECT_EQ((*rows)["ID_ART"], Value(1));
     EXPECT_EQ(FailureNumber([&] { rows->FindFirst("Gibtsnicht=1"); }), ErrorNumber::UnknownName);
     EXPECT_EQ(FailureNumber([&] { rows->FindFirst(""); }), ErrorNumber::SyntaxError);
+}
+
+TEST_F(RecordsetTest, FindFirstRefusesAnOpenBracketAlsoWithoutRows) {
+    for (const char* text : {"SELECT * FROM awaArt", "SELECT * FROM awaArt WHERE ID_ART=99"}) {
+        const auto rows = db_->OpenRecordset(text);
+        EXPECT_EQ(FailureNumber([&] { rows->FindFirst("Name Like 'x' OR ID_ART=0 AND Name Like '[*'"); }),
+                  ErrorNumber::SyntaxError)
+            << text;
+    }
 }
 
 TEST_F(RecordsetTest, RequeryReadsTheRowsAnew) {

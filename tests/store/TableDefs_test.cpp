@@ -82,6 +82,41 @@ TEST_F(TableDefsTest, EveryTypeKeepsItsKind) {
               ErrorNumber::TypeMismatch);
 }
 
+TEST_F(TableDefsTest, FieldsOfATableTellWhatIsDeclared) {
+    OtherProgram(path_).Run(
+        "CREATE TABLE Felder(a TEXT(50) DEFAULT 'Grün''alge', b BOOLEAN DEFAULT -1, c DOUBLE, d TEXT DEFAULT "
+        "NULL,"
+        " e TIME, f SMALLINT DEFAULT 0)");
+    Make("Gemacht",
+         {TableDef::CreateField("m", FieldType::Memo), TableDef::CreateField("t", FieldType::Text, 7),
+          WithDefault(TableDef::CreateField("l", FieldType::Long), "12"),
+          WithDefault(TableDef::CreateField("x", FieldType::Text), "it's")});
+    struct Case {
+        const char* Table;
+        std::size_t Field;
+        FieldType Type;
+        std::int32_t Size;
+        std::optional<std::string> Default;
+    };
+    const Case cases[] = {
+        {"Felder", 0, FieldType::Text, 50, "Grün'alge"},   {"Felder", 1, FieldType::Boolean, 0, "-1"},
+        {"Felder", 2, FieldType::Double, 0, std::nullopt}, {"Felder", 3, FieldType::Text, 0, std::nullopt},
+        {"Felder", 4, FieldType::Date, 0, std::nullopt},   {"Felder", 5, FieldType::Integer, 0, "0"},
+        {"Gemacht", 0, FieldType::Memo, 0, std::nullopt},  {"Gemacht", 1, FieldType::Text, 7, std::nullopt},
+        {"Gemacht", 2, FieldType::Long, 0, "12"},          {"Gemacht", 3, FieldType::Text, 0, "it's"},
+    };
+    auto tables = db_->TableDefs();
+    for (const Case& c : cases) {
+        const FieldDef& field = tables[c.Table].Fields().at(c.Field);
+        EXPECT_EQ(field.Type, c.Type) << c.Table << "." << field.Name;
+        EXPECT_EQ(field.Size, c.Size) << c.Table << "." << field.Name;
+        EXPECT_EQ(field.DefaultValue, c.Default) << c.Table << "." << field.Name;
+    }
+    // A long text keeps what looks like a number.
+    db_->Execute("INSERT INTO Gemacht (m) VALUES ('007')");
+    EXPECT_EQ(One("SELECT m FROM Gemacht"), Value("007"));
+}
+
 TEST_F(TableDefsTest, DefaultsStandInTheKindOfTheField) {
     Make("Vorgaben", {TableDef::CreateField("ID", FieldType::Long),
                       WithDefault(TableDef::CreateField("t", FieldType::Text), "Grün'alge"),

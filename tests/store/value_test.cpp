@@ -36,6 +36,11 @@ TEST(Value, OverflowsWithSix) {
     EXPECT_EQ(FailureOf([] { (void)Value(std::int32_t{32768}).I2(); }), 6);
     EXPECT_EQ(FailureOf([] { (void)Value(2147483648.0).I4(); }), 6);
     EXPECT_EQ(FailureOf([] { (void)Value(1e39).R4(); }), 6);
+    for (const double value :
+         {std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()}) {
+        EXPECT_EQ(FailureOf([&] { (void)Value(value).R4(); }), 6) << value;
+        EXPECT_EQ(FailureOf([&] { (void)Value(value).I4(); }), 6) << value;
+    }
     EXPECT_EQ(FailureOf([] { (void)Value(std::numeric_limits<double>::quiet_NaN()).I4(); }), 6);
 }
 

@@ -251,6 +251,8 @@ void Analysis::Call(Expr& expr, CallNode& node, const Scope& scope) {
                 expr.Type = whenTrue.Type;
             } else {
                 expr.Type = CommonKind(whenTrue.Type, otherwise.Type);
+                // Beside a text each value is told as a text, so that the result is of one kind.
+                if (whenTrue.Type == Kind::Text || otherwise.Type == Kind::Text) expr.Type = Kind::Text;
             }
             break;
         }

@@ -105,6 +105,7 @@ void Analysis::Select(SelectTree& select, const Scope* outer) {
     aggregating.Aggregate = &aggregate;
 
     ExpandStars(select);
+    CheckAliases(select);
     for (SelectItem& item : select.Items) Value(*item.Value, aggregating);
     if (select.Where) Condition(*select.Where, plain);
     for (const ExprPtr& group : select.GroupBy) Value(*group, plain);
@@ -145,11 +146,34 @@ void Analysis::AddColumns(const TableRef& source, std::size_t offset, std::vecto
     }
 }
 
+void Analysis::CheckAliases(const SelectTree& select) const {
+    std::set<std::string> taken;
+    for (const SelectItem& item : select.Items) {
+        if (!item.Alias || taken.insert(Fold(*item.Alias)).second) continue;
+        Fail(ErrorNumber::SyntaxError, item.Offset, "Two columns of the list bear the name " + *item.Alias);
+    }
+}
+
 void Analysis::Order(SelectTree& select, const Scope& scope) {
     for (OrderItem& order : select.OrderBy) {
         if (OrderByItem(order, select)) continue;
         Value(*order.Value, scope);
+        if (select.Distinct) CheckOrderOfDistinct(*order.Value, select);
     }
+}
+
+void Analysis::CheckOrderOfDistinct(Expr& term, SelectTree& select) {
+    // Which of the rows that became one would give the place is left open.
+    if (std::holds_alternative<ConstantNode>(term.Node)) return;
+    const auto item = std::find_if(select.Items.begin(), select.Items.end(),
+                                   [&](const SelectItem& one) { return SameExpr(*one.Value, term); });
+    if (item == select.Items.end()) {
+        Fail(ErrorNumber::SyntaxError, term.Offset,
+             "With DISTINCT, ORDER BY takes columns and expressions of the list alone");
+    }
+    // Whether the two are the same depends on the values of the constants in them.
+    PinAll(*item->Value);
+    PinAll(term);
 }
 
 bool Analysis::OrderByItem(OrderItem& order, const SelectTree& select) {

@@ -76,7 +76,9 @@ private:
     void Join(JoinNode& join, std::vector<TableRef*>& sources, const Scope* outer);
     void ExpandStars(SelectTree& select) const;
     void AddColumns(const TableRef& source, std::size_t offset, std::vector<SelectItem>& items) const;
+    void CheckAliases(const SelectTree& select) const;
     void Order(SelectTree& select, const Scope& scope);
+    void CheckOrderOfDistinct(Expr& term, SelectTree& select);
     bool OrderByItem(OrderItem& order, const SelectTree& select);
     void Grouping(SelectTree& select);
     void CheckGrouped(Expr& expr, SelectTree& select);

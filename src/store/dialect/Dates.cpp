@@ -82,6 +82,9 @@ std::optional<std::string> IsoDate(std::string_view text) {
     if (!day || blank == std::string_view::npos) return day;
     const auto time = IsoTime(Trimmed(text.substr(blank)));
     if (!time) return std::nullopt;
+    // Midnight is the day itself, and a time of the day zero is the time alone.
+    if (*time == "00:00:00") return day;
+    if (*day == "1899-12-30") return time;
     return *day + " " + *time;
 }
 

@@ -14,7 +14,7 @@ namespace FX_Algen::store::dialect {
 namespace {
 
 /// Chains such as a AND b AND c grow a tree to one side; the engine refuses more than 1000 levels.
-constexpr std::size_t DeepestTree = 800;
+constexpr std::size_t DeepestTree = 900;
 
 struct FunctionRule {
     std::string_view Name;

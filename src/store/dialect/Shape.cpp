@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <optional>
 
 #include "FX_Algen/Error.h"
@@ -34,11 +36,27 @@ char NumberMark(std::string_view raw) {
     return raw.size() <= SurelyWholeDigits || WholeNumber(raw) ? WholeMark : RealMark;
 }
 
+/// Whether a number out of range lies next to 0: its first digit but 0 stands behind the point.
+bool IsTiny(std::string_view raw) {
+    const std::size_t end = std::min(raw.find_first_of("eE"), raw.size());
+    const std::string_view digits = raw.substr(0, end);
+    const std::size_t first = digits.find_first_of("123456789");
+    if (first == std::string_view::npos) return true;
+    std::string_view exponent = raw.substr(std::min(end + 1, raw.size()));
+    if (exponent.starts_with('+')) exponent.remove_prefix(1);
+    std::int64_t shift = 0;
+    const auto read = std::from_chars(exponent.data(), exponent.data() + exponent.size(), shift);
+    if (read.ec == std::errc::result_out_of_range) return exponent.starts_with('-');
+    const std::size_t point = std::min(digits.find('.'), digits.size());
+    return static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first) + shift < 0;
+}
+
 Value NumberValue(std::string_view raw) {
     if (const auto whole = WholeNumber(raw)) return *whole;
     double number = 0;
     const auto result = std::from_chars(raw.data(), raw.data() + raw.size(), number);
     if (result.ec == std::errc::result_out_of_range) {
+        if (IsTiny(raw)) return 0.0;
         throw Error(ErrorNumber::Overflow, "The number " + std::string(raw) + " is out of range.");
     }
     if (result.ec != std::errc() || result.ptr != raw.data() + raw.size()) {

@@ -16,6 +16,7 @@ void DescribeSelect(const SelectTree& select, Translation& translation) {
     translation.Is = Translation::Verb::Select;
     translation.Columns = ResultColumns(select);
     translation.RowIds = Writer::RowIds(select);
+    translation.IsJoin = select.Sources.size() > 1;
 }
 
 void DescribeInsert(const InsertTree& insert, Translation& translation) {
@@ -79,6 +80,14 @@ std::optional<std::string> TableSource(std::string_view source, const Catalogue&
     return "SELECT * FROM [" + table->Name + "]";
 }
 
+bool StartsWithWord(std::string_view text) {
+    try {
+        return Tokens(text).front().Is == Token::Type::Word;
+    } catch (const Error&) {
+        return false;
+    }
+}
+
 Criterion TranslateCriterion(std::string_view criterion, const std::vector<ResultColumn>& columns) {
     Shape shape;
     ScanShape(criterion, shape);
@@ -89,8 +98,10 @@ Criterion TranslateCriterion(std::string_view criterion, const std::vector<Resul
     Writer writer(criterion, translated.ColumnsUsed.size());
     writer.Criterion(*condition);
     translated.Sql = writer.TakeSql();
-    for (const Binding& binding : writer.TakeBindings())
+    for (const Binding& binding : writer.TakeBindings()) {
+        if (binding.IsPattern) translated.Patterns.push_back(translated.Literals.size());
         translated.Literals.push_back(BoundValue(binding, shape));
+    }
     return translated;
 }
 

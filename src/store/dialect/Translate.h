@@ -38,7 +38,7 @@ struct Binding {
     bool Negate = false;          ///< the literal stood behind a minus sign
     Kind ConvertTo = Kind::Null;  ///< convert as at a write into a column of this kind; Null = as it is
     bool IsPattern = false;       ///< a LIKE pattern: check that its brackets close (3075)
-    bool DayOnly = false;         ///< (dates) bind the day alone
+    bool DayOnly = false;         ///< (dates) the column is of type DATE, not TIME
 };
 
 /// A literal that is part of the translated text, so the translation holds for this value alone.
@@ -73,6 +73,7 @@ struct Translation {
     std::vector<Pinned> Pins;
     std::vector<ResultColumn> Columns;        ///< of a SELECT
     std::vector<RowIdColumn> RowIds;          ///< of an updatable SELECT, in the order of the hidden columns
+    bool IsJoin = false;                      ///< of a SELECT: several tables stand in FROM
     std::string Target;                       ///< table that an action statement changes
     std::optional<std::string> ExternalPath;  ///< INSERT … IN 'path': database file that holds the target
 };
@@ -99,12 +100,16 @@ Translation Translate(std::string_view statement, const Shape& shape, const Cata
 /// `source` of OpenRecordset may be a bare table name: its SELECT, else nothing.
 std::optional<std::string> TableSource(std::string_view source, const Catalogue& catalogue);
 
+/// Whether a text starts with a word of the language, such as SELECT; no table is meant then.
+bool StartsWithWord(std::string_view text);
+
 /// A criterion of FindFirst over the columns of an open result: an engine statement "SELECT 1 WHERE …"
 /// whose parameters are first the values of `ColumnsUsed` of the row, then nothing else.
 struct Criterion {
     std::string Sql;
     std::vector<std::size_t> ColumnsUsed;
-    std::vector<Value> Literals;  ///< bound behind the columns
+    std::vector<Value> Literals;        ///< bound behind the columns
+    std::vector<std::size_t> Patterns;  ///< positions of LIKE patterns among them
 };
 Criterion TranslateCriterion(std::string_view criterion, const std::vector<ResultColumn>& columns);
 

@@ -26,6 +26,48 @@ bool NeedsBrackets(const Expr& expr) {
 
 bool IsText(const Expr& expr) { return expr.Type == Kind::Text; }
 
+bool IsSum(BinaryOp op) { return op == BinaryOp::Add || op == BinaryOp::Subtract; }
+
+/// Whether `left op …` reads the same without brackets around `left`. The engine's parser has room for some
+/// ninety open brackets, and a chain is longer than that.
+bool ContinuesChain(BinaryOp op, const Expr& left) {
+    const auto* inner = std::get_if<BinaryNode>(&left.Node);
+    if (inner == nullptr) return false;
+    return inner->Op == op || (IsSum(inner->Op) && IsSum(op));
+}
+
+/// A product or sum that may grow beyond what 64 bits hold; whole numbers stay far below.
+bool MayOverflow(const Expr& expr) {
+    const auto* binary = std::get_if<BinaryNode>(&expr.Node);
+    if (binary == nullptr || (!IsSum(binary->Op) && binary->Op != BinaryOp::Multiply)) return false;
+    return expr.Type == Kind::R4 || expr.Type == Kind::R8 || expr.Type == Kind::Null;
+}
+
+bool IsPlain(const Expr& expr) {
+    return std::holds_alternative<ColumnNode>(expr.Node) || std::holds_alternative<LiteralNode>(expr.Node) ||
+           std::holds_alternative<ConstantNode>(expr.Node);
+}
+
+/// How often an operator stands before its operand, and the operand.
+struct Repeated {
+    std::size_t Count = 0;
+    const Expr* Operand = nullptr;
+};
+Repeated RepeatsOf(UnaryOp op, const Expr& expr) {
+    Repeated repeated{0, &expr};
+    for (const auto* unary = std::get_if<UnaryNode>(&expr.Node); unary != nullptr && unary->Op == op;
+         unary = std::get_if<UnaryNode>(&repeated.Operand->Node)) {
+        ++repeated.Count;
+        repeated.Operand = unary->Operand.get();
+    }
+    return repeated;
+}
+
+const CallNode* AsIIf(const Expr& expr) {
+    const auto* call = std::get_if<CallNode>(&expr.Node);
+    return call != nullptr && call->Is == Function::IIf ? call : nullptr;
+}
+
 /// Texts are compared without case; with the empty text there is nothing to fold.
 bool ComparesTexts(const Expr& a, const Expr& b) {
     return (IsText(a) || IsText(b)) && !IsEmptyText(a) && !IsEmptyText(b);
@@ -98,6 +140,17 @@ void Writer::Operand(const Expr& expr) {
     sql_ += ")";
 }
 
+void Writer::ArithmeticOperand(const Expr& expr) {
+    if (!MayOverflow(expr)) {
+        Operand(expr);
+        return;
+    }
+    sql_ += names::Finite;
+    sql_ += "(";
+    Value(expr);
+    sql_ += ", 0)";
+}
+
 void Writer::ConditionOperand(const Expr& expr) {
     const bool bare = !NeedsBrackets(expr);
     if (!bare) sql_ += "(";
@@ -143,23 +196,26 @@ void Writer::Node(const Expr&, const ColumnNode& node) {
     Quoted(node.Column->Name);
 }
 
-void Writer::Node(const Expr&, const UnaryNode& node) {
+void Writer::Node(const Expr& expr, const UnaryNode& node) {
+    // Two of a kind undo each other; one pair is kept, since it makes a condition or number of its operand.
+    const Repeated repeated = RepeatsOf(node.Op, expr);
+    const bool twice = repeated.Count % 2 == 0;
     if (node.Op == UnaryOp::Not) {
-        sql_ += "NOT ";
-        ConditionOperand(*node.Operand);
+        sql_ += twice ? "NOT NOT " : "NOT ";
+        ConditionOperand(*repeated.Operand);
         return;
     }
-    const auto* literal = std::get_if<LiteralNode>(&node.Operand->Node);
-    if (literal != nullptr && !literal->Pinned) {
+    const auto* literal = std::get_if<LiteralNode>(&repeated.Operand->Node);
+    if (!twice && literal != nullptr && !literal->Pinned) {
         Binding binding{literal->Index};
         binding.Negate = true;
         Parameter(binding);
         return;
     }
     // Always in brackets: two minus signs side by side would open a comment.
-    sql_ += "-(";
-    Value(*node.Operand);
-    sql_ += ")";
+    sql_ += twice ? "-(-(" : "-(";
+    Value(*repeated.Operand);
+    sql_ += twice ? "))" : ")";
 }
 
 void Writer::Node(const Expr& expr, const BinaryNode& node) {
@@ -168,7 +224,7 @@ void Writer::Node(const Expr& expr, const BinaryNode& node) {
         return;
     }
     if (node.Op == BinaryOp::And || node.Op == BinaryOp::Or) {
-        ConditionOperand(*node.Left);
+        ContinuesChain(node.Op, *node.Left) ? Condition(*node.Left) : ConditionOperand(*node.Left);
         sql_ += SymbolOf(node.Op);
         ConditionOperand(*node.Right);
         return;
@@ -186,10 +242,27 @@ void Writer::Node(const Expr& expr, const BinaryNode& node) {
         sql_ += ")";
         return;
     }
-    const bool joinsTexts = node.Op == BinaryOp::Add && IsText(expr);
-    Operand(*node.Left);
-    sql_ += joinsTexts ? SymbolOf(BinaryOp::Concatenate) : SymbolOf(node.Op);
-    Operand(*node.Right);
+    if (node.Op == BinaryOp::Add && IsText(expr)) {
+        ContinuesChain(node.Op, *node.Left) ? Value(*node.Left) : Operand(*node.Left);
+        sql_ += SymbolOf(BinaryOp::Concatenate);
+        Operand(*node.Right);
+        return;
+    }
+    Arithmetic(node);
+}
+
+void Writer::Arithmetic(const BinaryNode& node) {
+    if (!IsSum(node.Op)) {
+        ArithmeticOperand(*node.Left);
+        sql_ += SymbolOf(node.Op);
+        ArithmeticOperand(*node.Right);
+        return;
+    }
+    // What has grown beyond 64 bits stays so whatever is added, and is found in the end; two such may undo
+    // each other.
+    ContinuesChain(node.Op, *node.Left) ? Value(*node.Left) : Operand(*node.Left);
+    sql_ += SymbolOf(node.Op);
+    IsPlain(*node.Left) ? Operand(*node.Right) : ArithmeticOperand(*node.Right);
 }
 
 void Writer::Comparison(const BinaryNode& node) {
@@ -200,7 +273,7 @@ void Writer::Comparison(const BinaryNode& node) {
 }
 
 void Writer::Join(const BinaryNode& node) {
-    JoinPart(*node.Left);
+    ContinuesChain(node.Op, *node.Left) ? Value(*node.Left) : JoinPart(*node.Left);
     sql_ += SymbolOf(BinaryOp::Concatenate);
     JoinPart(*node.Right);
 }
@@ -291,7 +364,37 @@ void Writer::Node(const Expr&, const LikeNode& node) {
     sql_ += ")";
 }
 
-void Writer::Node(const Expr&, const CallNode& node) {
+void Writer::Branch(const Expr& value, Kind kind) {
+    const bool converts = kind == Kind::Text && !IsText(value) && !IsNullConstant(value);
+    converts ? Text(names::Text, value) : Value(value);
+}
+
+void Writer::Case(const Expr& expr, const CallNode& node) {
+    // IIf inside IIf becomes one CASE of many branches: nested ones would soon be too deep for the engine.
+    sql_ += "CASE";
+    const Expr* rest = &expr;
+    for (const CallNode* call = &node; call != nullptr; call = AsIIf(*rest)) {
+        // An IIf of numbers beside a text is a value that is told as a text as a whole.
+        if (IsText(expr) && !IsText(*rest)) break;
+        const bool inverted = AsIIf(*call->Arguments[1]) != nullptr && AsIIf(*call->Arguments[2]) == nullptr;
+        sql_ += " WHEN ";
+        if (inverted) {
+            sql_ += "(";
+            Condition(*call->Arguments[0]);
+            sql_ += ") IS NOT TRUE";
+        } else {
+            Condition(*call->Arguments[0]);
+        }
+        sql_ += " THEN ";
+        Branch(*call->Arguments[inverted ? 2 : 1], expr.Type);
+        rest = call->Arguments[inverted ? 1 : 2].get();
+    }
+    sql_ += " ELSE ";
+    Branch(*rest, expr.Type);
+    sql_ += " END";
+}
+
+void Writer::Node(const Expr& expr, const CallNode& node) {
     if (IsAggregate(node.Is)) {
         Aggregate(node);
         return;
@@ -299,13 +402,7 @@ void Writer::Node(const Expr&, const CallNode& node) {
     const Expr& first = *node.Arguments.front();
     switch (node.Is) {
         case Function::IIf:
-            sql_ += "CASE WHEN ";
-            Condition(first);
-            sql_ += " THEN ";
-            Value(*node.Arguments[1]);
-            sql_ += " ELSE ";
-            Value(*node.Arguments[2]);
-            sql_ += " END";
+            Case(expr, node);
             break;
         case Function::IsNull:
             Operand(first);
@@ -317,7 +414,7 @@ void Writer::Node(const Expr&, const CallNode& node) {
             Value(first);
             sql_ += ", ";
             Value(*node.Arguments[1]);
-            sql_ += ")";
+            sql_ += ", " + std::to_string(static_cast<int>(first.Type)) + ")";
             break;
         default:
             Text(names::CStr, first);
@@ -333,7 +430,12 @@ void Writer::Aggregate(const CallNode& node) {
     } else {
         const Expr& argument = *node.Arguments.front();
         const bool ordersTexts = IsText(argument) && (node.Is == Function::Min || node.Is == Function::Max);
-        ordersTexts ? Operand(argument) : Value(argument);
+        const bool adds = node.Is == Function::Sum || node.Is == Function::Avg;
+        if (adds && MayOverflow(argument)) {
+            ArithmeticOperand(argument);
+        } else {
+            ordersTexts ? Operand(argument) : Value(argument);
+        }
         if (ordersTexts) sql_ += Collated(names::German);
     }
     sql_ += ")";

@@ -28,13 +28,13 @@ SignedLiteral LiteralOf(const Expr& expr) {
     return {std::get_if<LiteralNode>(&unary->Operand->Node), true};
 }
 
-/// Whether the value of an expression is of its kind for sure: a sum of integers may grow beyond it.
+/// Whether the value of an expression is of its kind for sure: a sum may grow beyond it.
 bool KeepsKind(const Expr& expr) {
     if (expr.IsCondition || std::holds_alternative<ColumnNode>(expr.Node) ||
         std::holds_alternative<ConstantNode>(expr.Node)) {
         return true;
     }
-    return expr.Type == Kind::Text || expr.Type == Kind::R8;
+    return expr.Type == Kind::Text;
 }
 
 bool ShowsColumnOf(const SelectTree& select, const TableRef& source) {
@@ -46,6 +46,8 @@ bool ShowsColumnOf(const SelectTree& select, const TableRef& source) {
 
 bool NeedsConversion(const Expr& value, const ColumnInfo& column) {
     if (IsNullConstant(value)) return false;
+    const auto* source = std::get_if<ColumnNode>(&value.Node);
+    if (source != nullptr && source->Column->HasTime != column.HasTime) return true;
     return !KeepsKind(value) || !FitsAsItIs(value.Type, column.Type);
 }
 
@@ -224,10 +226,18 @@ void Writer::Written(const Expr& value, const ColumnInfo& column) {
         Value(value);
         return;
     }
-    sql_ += names::To;
+    Converted(value.Type, column, [&] { Value(value); });
+}
+
+template <typename Write>
+void Writer::Converted(Kind kind, const ColumnInfo& column, Write&& write) {
+    // A text column takes a value as it reads in a text; how that is depends on the kind it had.
+    const bool toText = column.Type == Kind::Text;
+    const int target = column.HasTime ? names::TimeColumn : static_cast<int>(column.Type);
+    sql_ += toText ? names::Text : names::To;
     sql_ += "(";
-    Value(value);
-    sql_ += ", " + std::to_string(static_cast<int>(column.Type)) + ")";
+    write();
+    sql_ += ", " + std::to_string(toText ? static_cast<int>(kind) : target) + ")";
 }
 
 void Writer::Action(const InsertTree& insert) {
@@ -278,11 +288,10 @@ void Writer::DistinctRows(const InsertTree& insert) {
     sql_ += ")";
     for (std::size_t i = 0; i < count; ++i) {
         const ColumnInfo& column = *insert.TargetColumns[i];
-        const bool converts = NeedsConversion(*insert.Select->Items[i].Value, column);
+        const Expr& value = *insert.Select->Items[i].Value;
+        const auto write = [&] { Quoted(name(i)); };
         sql_ += i == 0 ? " SELECT " : ", ";
-        if (converts) sql_ += std::string(names::To) + "(";
-        Quoted(name(i));
-        if (converts) sql_ += ", " + std::to_string(static_cast<int>(column.Type)) + ")";
+        NeedsConversion(value, column) ? Converted(value.Type, column, write) : write();
     }
     sql_ += " FROM ";
     Quoted(Rows);

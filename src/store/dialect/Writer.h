@@ -33,8 +33,9 @@ private:
     // Expressions
     void Value(const Expr& expr);
     void Condition(const Expr& expr);
-    void Operand(const Expr& expr);           ///< as a value, in brackets where it needs them
-    void ConditionOperand(const Expr& expr);  ///< the same as a condition
+    void Operand(const Expr& expr);            ///< as a value, in brackets where it needs them
+    void ArithmeticOperand(const Expr& expr);  ///< the same; fails where it has grown beyond 64 bits
+    void ConditionOperand(const Expr& expr);   ///< the same as a condition
     void Plain(const Expr& expr);
     void Node(const Expr& expr, const LiteralNode& node);
     void Node(const Expr& expr, const ConstantNode& node);
@@ -47,8 +48,11 @@ private:
     void Node(const Expr& expr, const LikeNode& node);
     void Node(const Expr& expr, const CallNode& node);
     void Comparison(const BinaryNode& node);
+    void Arithmetic(const BinaryNode& node);
     void Join(const BinaryNode& node);
     void JoinPart(const Expr& expr);
+    void Case(const Expr& expr, const CallNode& node);
+    void Branch(const Expr& value, Kind kind);  ///< one value of an IIf of that kind
     void Aggregate(const CallNode& node);
     void Text(const char* function, const Expr& expr);
     void Parameter(const Binding& binding);
@@ -76,6 +80,9 @@ private:
     void Assignments(const UpdateTree& update);
     void RowsOf(const TableRef& target, const FromNode& from, const Expr* where);
     void Written(const Expr& value, const ColumnInfo& column);  ///< a value as the column takes it
+    /// The function that makes of a value what the column takes, around what `write` writes.
+    template <typename Write>
+    void Converted(Kind kind, const ColumnInfo& column, Write&& write);
     void Target(const TableRef& target);
     void RowId(std::string_view label);
     void Quoted(std::string_view name);

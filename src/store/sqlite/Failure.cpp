@@ -65,6 +65,9 @@ Cause OfStatement(std::string_view message) {
         {"integer overflow", ErrorNumber::Overflow},
         {"duplicate column name", ErrorNumber::DuplicateKey},
     };
+    for (const std::string_view beginning : {"parser stack overflow", "Expression tree is too large"})
+        if (message.starts_with(beginning))
+            return {ErrorNumber::SyntaxError, "The statement is nested too deeply, or has too many parts."};
     for (const auto& [beginning, number] : known)
         if (message.starts_with(beginning)) return {number, std::string(message) + "."};
     if (message.ends_with("already exists")) return {ErrorNumber::DuplicateKey, std::string(message) + "."};

@@ -1,5 +1,6 @@
 #include "store/sqlite/Functions.h"
 
+#include <cmath>
 #include <limits>
 #include <memory>
 #include <string>
@@ -7,6 +8,7 @@
 
 #include "FX_Algen/Error.h"
 #include "FX_Algen/Value.h"
+#include "store/ColumnValue.h"
 #include "store/Format.h"
 #include "store/LikePattern.h"
 #include "store/TextOrder.h"
@@ -32,8 +34,12 @@ Value ValueOf(sqlite3_value* value) {
                 return static_cast<std::int32_t>(number);
             return static_cast<double>(number);
         }
-        case SQLITE_FLOAT:
-            return sqlite3_value_double(value);
+        case SQLITE_FLOAT: {
+            const double number = sqlite3_value_double(value);
+            if (!std::isfinite(number))
+                throw Error(ErrorNumber::Overflow, "Overflow: a calculation went beyond what 64 bits hold.");
+            return number;
+        }
         case SQLITE_NULL:
             return {};
         default:
@@ -122,8 +128,25 @@ void Divide(sqlite3_context* context, int, sqlite3_value** arguments) {
     });
 }
 
+void Finite(sqlite3_context* context, int, sqlite3_value** arguments) {
+    Guarded(context, [&] {
+        ValueOf(arguments[0]);
+        sqlite3_result_value(context, arguments[0]);
+    });
+}
+
+/// A value of which the statement tells that it is a date or a 32-bit float, which the engine does not hold.
+Value OfKind(const Value& value, Kind kind) {
+    if (kind == Kind::Date && value.kind() == Kind::Text) return value.AsDate();
+    if (kind == Kind::R4 && value.kind() == Kind::R8) return value.R4();
+    return value;
+}
+
 void FormatFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
-    Guarded(context, [&] { ResultText(context, FormatValue(ValueOf(arguments[0]), TextOf(arguments[1]))); });
+    Guarded(context, [&] {
+        const Value value = OfKind(ValueOf(arguments[0]), KindOf(arguments[2]));
+        ResultText(context, FormatValue(value, TextOf(arguments[1])));
+    });
 }
 
 /// Text of a value of `kind` as it reads in a statement.
@@ -151,7 +174,11 @@ void CStr(sqlite3_context* context, int, sqlite3_value** arguments) {
 }
 
 void To(sqlite3_context* context, int, sqlite3_value** arguments) {
-    Guarded(context, [&] { Result(context, ValueOf(arguments[0]).As(KindOf(arguments[1]))); });
+    Guarded(context, [&] {
+        const bool is_time = sqlite3_value_int(arguments[1]) == dialect::names::TimeColumn;
+        const Kind kind = is_time ? Kind::Date : KindOf(arguments[1]);
+        Result(context, ForColumn(ValueOf(arguments[0]), kind, is_time));
+    });
 }
 
 using Compare = int (*)(std::string_view, std::string_view) noexcept;
@@ -164,25 +191,24 @@ int Collate(void*, int a_size, const void* a, int b_size, const void* b) {
 
 struct Function {
     const char* Name;
+    int Arguments;
     void (*Body)(sqlite3_context*, int, sqlite3_value**);
 };
 
 }  // namespace
 
 void RegisterFunctions(sqlite3* db) {
-    // All of them take two arguments and depend on nothing else.
+    // All of them depend on their arguments alone.
     constexpr Function functions[] = {
-        {dialect::names::Like, Like},
-        {dialect::names::Divide, Divide},
-        {dialect::names::Format, FormatFunction},
-        {dialect::names::Text, TextFunction},
-        {dialect::names::To, To},
-        {dialect::names::CStr, CStr},
+        {dialect::names::Like, 2, Like},         {dialect::names::Divide, 2, Divide},
+        {dialect::names::Finite, 2, Finite},     {dialect::names::Format, 3, FormatFunction},
+        {dialect::names::Text, 2, TextFunction}, {dialect::names::To, 2, To},
+        {dialect::names::CStr, 2, CStr},
     };
     constexpr int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
     for (const Function& function : functions)
-        if (sqlite3_create_function_v2(db, function.Name, 2, flags, nullptr, function.Body, nullptr, nullptr,
-                                       nullptr) != SQLITE_OK)
+        if (sqlite3_create_function_v2(db, function.Name, function.Arguments, flags, nullptr, function.Body,
+                                       nullptr, nullptr, nullptr) != SQLITE_OK)
             throw FailureOf(db, {});
     if (sqlite3_create_collation_v2(db, dialect::names::CaseBlind, SQLITE_UTF8, nullptr,
                                     Collate<CompareCaseBlind>, nullptr) != SQLITE_OK ||

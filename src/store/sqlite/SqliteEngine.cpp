@@ -55,6 +55,10 @@ public:
 
     bool InTransaction() const override { return sqlite3_get_autocommit(db_.get()) == 0; }
 
+    void WriteAhead() override {
+        if (sqlite3_db_readonly(db_.get(), "main") == 0) Run("PRAGMA journal_mode=WAL");
+    }
+
 private:
     DatabaseHandle db_;
     std::map<std::string, bool, std::less<>> durable_;
@@ -84,7 +88,6 @@ void Configure(sqlite3* db) {
     RegisterFunctions(db);
     // Reads the head of the file: from here on it is known to be a database.
     Execute(db, "PRAGMA schema_version");
-    if (sqlite3_db_readonly(db, "main") == 0) Execute(db, "PRAGMA journal_mode=WAL");
     Execute(db, "PRAGMA synchronous=FULL");
     Execute(db, "PRAGMA foreign_keys=ON");
     Execute(db, "PRAGMA temp_store=MEMORY");
@@ -105,7 +108,9 @@ std::unique_ptr<Engine> OpenEngine(const std::string& path, bool create) {
     try {
         auto db = sqlite::OpenFile(path, create);
         sqlite::Configure(db.get());
-        return std::make_unique<sqlite::SqliteEngine>(std::move(db));
+        auto engine = std::make_unique<sqlite::SqliteEngine>(std::move(db));
+        if (create) engine->WriteAhead();
+        return engine;
     } catch (const Error& error) {
         throw Error(error.Number(), "'" + path + "': " + error.Description(), {}, error.Translated());
     }

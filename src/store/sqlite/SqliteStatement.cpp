@@ -1,5 +1,6 @@
 #include "store/sqlite/SqliteStatement.h"
 
+#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -21,6 +22,10 @@ std::string_view TextOf(sqlite3_value* value) {
 template <class Integer>
 bool Fits(std::int64_t number) {
     return number >= std::numeric_limits<Integer>::min() && number <= std::numeric_limits<Integer>::max();
+}
+
+[[noreturn]] void FailNotFinite() {
+    throw Error(ErrorNumber::Overflow, "Overflow: a calculation went beyond what 64 bits hold.");
 }
 
 // A value is made in its place: results have many of them. `Make(v)` does so from what the engine holds.
@@ -46,12 +51,13 @@ void OfInteger(std::int64_t number, Kind kind, Make make) {
 
 template <class Make>
 void OfReal(double number, Kind kind, Make make) {
+    if (!std::isfinite(number)) FailNotFinite();
     switch (kind) {
         case Kind::Null:
         case Kind::R8:
             return make(number);
         case Kind::R4:
-            return make(static_cast<float>(number));
+            return make(Value(number).R4());
         default:
             return make(Value(number).As(kind));
     }
@@ -132,6 +138,7 @@ void SqliteStatement::BindInteger(std::size_t index, std::int64_t value) {
 }
 
 void SqliteStatement::BindReal(std::size_t index, double value) {
+    if (!std::isfinite(value)) FailNotFinite();
     Check(sqlite3_bind_double(statement_.get(), Parameter(index), value));
 }
 

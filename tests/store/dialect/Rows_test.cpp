@@ -58,6 +58,23 @@ protected:
         return 0;
     }
 
+    std::int32_t FailureOfDo(const std::string& statement) {
+        try {
+            Do(statement);
+        } catch (const Error& error) {
+            return error.Number();
+        }
+        return 0;
+    }
+    std::string WordsOf(const std::string& statement) {
+        try {
+            Of(statement);
+        } catch (const Error& error) {
+            return error.Description();
+        }
+        return {};
+    }
+
 private:
     void FillTaxa() {
         Do("INSERT INTO awaArt (ID_ART, Gattung, Art, RF, Erstellt) VALUES (1, 'Ulothrix', 'zonata', 30, "
@@ -267,6 +284,186 @@ TEST_F(Rows, UpdateAndDeleteOverAJoinTouchTheirTableAlone) {
        "(awaArtPrStelle.CF=False));");
     EXPECT_EQ(Of("SELECT ID_ART, CF FROM awaArtPrStelle ORDER BY ID_ART"), (Expected{"1|-1", "2|0"}));
     EXPECT_EQ(Of("SELECT Count(*) FROM awaPrStelle"), (Expected{"2"}));
+}
+
+TEST_F(Rows, AValueOfAnUpdateMayAskForOtherRows) {
+    // True where taxon and site minus 9 are the same taxon with standard values: 10 with 1, 11 with 2.
+    Do("UPDATE awaArtPrStelle INNER JOIN awaPrStelle ON awaArtPrStelle.ID_PS = awaPrStelle.ID_PS SET "
+       "awaArtPrStelle.Schalen_KA = awaArtPrStelle.ID_ART In (SELECT m.ID_ART FROM awaModulStandard m WHERE "
+       "m.ID_ART = awaPrStelle.ID_PS - 9)");
+    EXPECT_EQ(Of("SELECT ID_PS, ID_ART, Schalen_KA FROM awaArtPrStelle WHERE CF=0 ORDER BY ID_PS, ID_ART"),
+              (Expected{"10|1|-1", "11|1|0", "11|2|-1"}));
+}
+
+TEST_F(Rows, ADayHasNoTime) {
+    const char* day = "2026-05-12";
+    for (const char* value : {"#5/12/2026 9:30#", "#5/12/2026 0:00#", "IIf(True,#5/12/2026 9:30#,Null)",
+                              "'12.05.2026 9:30'", "'2026-05-12T09:30' & ''"}) {
+        Do("UPDATE awaArt SET Erstellt=Null");
+        Do(std::string("UPDATE awaArt SET Erstellt=") + value + " WHERE ID_ART=2");
+        EXPECT_EQ(Of("SELECT Erstellt FROM awaArt WHERE Erstellt=#5/12/2026#"), (Expected{day})) << value;
+    }
+    for (const char* insert :
+         {"INSERT INTO awaArt (ID_ART, Gattung, Erstellt) SELECT 8, 'Zäh', #5/12/2026 9:30# FROM awaArt "
+          "WHERE ID_ART=1",
+          "INSERT INTO awaArt (ID_ART, Gattung, Erstellt) SELECT DISTINCT 8, 'Zäh', #5/12/2026 9:30# FROM "
+          "awaArt",
+          "INSERT INTO awaArt (ID_ART, Gattung, Erstellt) VALUES (8, 'Zäh', '12.05.2026 9:30')"}) {
+        Do(insert);
+        EXPECT_EQ(Of("SELECT Erstellt FROM awaArt WHERE ID_ART=8"), (Expected{day})) << insert;
+        Do("DELETE * FROM awaArt WHERE ID_ART=8");
+    }
+    for (const char* time : {"#9:30#", "'9:30'", "IIf(True,#9:30#,Null)", "#12/30/1899 9:30#"})
+        EXPECT_EQ(FailureOfDo(std::string("UPDATE awaArt SET Erstellt=") + time), ErrorNumber::TypeMismatch)
+            << time;
+}
+
+TEST_F(Rows, ATimeHasNoDay) {
+    Do("INSERT INTO VerUStelle (ID_VUS) VALUES (1)");
+    for (const char* value :
+         {"#9:30#", "'9:30'", "#12/30/1899 9:30#", "#5/12/2026 9:30#", "IIf(True,#5/12/2026 9:30#,Null)"}) {
+        Do(std::string("UPDATE VerUStelle SET USZeitVon=") + value);
+        EXPECT_EQ(
+            Of("SELECT USZeitVon FROM VerUStelle WHERE USZeitVon=#9:30# AND USZeitVon=#12/30/1899 9:30#"),
+            (Expected{"09:30:00"}))
+            << value;
+    }
+    // Between columns as well: the day of a time is asked for in vain, the time of a day is its midnight.
+    EXPECT_EQ(FailureOfDo("UPDATE VerUStelle SET USDatumVon=USZeitVon"), ErrorNumber::TypeMismatch);
+    Do("UPDATE VerUStelle SET USDatumVon=#5/12/2026#");
+    Do("UPDATE VerUStelle SET USZeitVon=USDatumVon");
+    EXPECT_EQ(Of("SELECT USZeitVon FROM VerUStelle"), (Expected{"00:00:00"}));
+}
+
+TEST_F(Rows, MidnightIsTheDayItself) {
+    EXPECT_EQ(
+        Of("SELECT #5/12/2026 0:00#=#5/12/2026#, #5/12/2026 9:00#>#5/12/2026# FROM awaArt WHERE ID_ART=1"),
+        (Expected{"-1|-1"}));
+}
+
+TEST_F(Rows, WhatIsNotFiniteFails) {
+    // 1E308 * 10 is beyond 64 bits.
+    for (const char* value : {"1E308*10", "-1E308*10", "1E308*10-1E308*10", "(1E308*10)*0", "1E308/1E-10",
+                              "0-(1E308+1E308)+(1E308+1E308)"}) {
+        EXPECT_EQ(FailureOf(std::string("SELECT ") + value + " FROM awaArt WHERE ID_ART=1"),
+                  ErrorNumber::Overflow)
+            << value;
+        EXPECT_EQ(FailureOfDo(std::string("UPDATE awaModulStandard SET SI=") + value), ErrorNumber::Overflow)
+            << value;
+    }
+    EXPECT_EQ(FailureOf("SELECT Sum(ID_ART*1E308) FROM awaArt"), ErrorNumber::Overflow);
+    EXPECT_EQ(FailureOf("SELECT Sum(IIf(ID_ART=1,1E308*10,-1E308*10)) FROM awaArt WHERE ID_ART=1"),
+              ErrorNumber::Overflow);
+    EXPECT_EQ(FailureOfDo("UPDATE awaArtPrStelle SET DG_MA=1E39"), ErrorNumber::Overflow);
+    EXPECT_EQ(Of("SELECT SI FROM awaModulStandard ORDER BY SI"), (Expected{"1.5", "2.5"}));
+}
+
+TEST_F(Rows, ATextBesideAnotherKindMakesATextOfIt) {
+    EXPECT_EQ(Of("SELECT 'abc' & IIf(1=1,#1/2/2026#,'x'), IIf(1=1,True,'x'), IIf(1=2,'x',7.5), "
+                 "IIf(1=1,Null,'x') FROM "
+                 "awaArt WHERE ID_ART=1"),
+              (Expected{"abc02.01.2026|-1|7.5|Null"}));
+    EXPECT_EQ(Of("SELECT IIf(1=1,'x',5)=IIf(1=1,'X',5), IIf(1=1,IIf(1=1,#1/2/2026#,5),'x') FROM awaArt WHERE "
+                 "ID_ART=1")
+                  .front()
+                  .substr(0, 3),
+              "-1|");
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE IIf(ID_ART=1,'a',5)='A'"), (Expected{"1"}));
+}
+
+TEST_F(Rows, ATextColumnTakesValuesAsTheyReadInAText) {
+    Do("UPDATE awaArt SET Gattung=#5/12/2026# WHERE ID_ART=1");
+    Do("UPDATE awaArt SET Gattung=IIf(True,#5/12/2026#,Null) WHERE ID_ART=2");
+    Do("UPDATE awaArt SET Erstellt=#5/12/2026# WHERE ID_ART=3");
+    Do("UPDATE awaArt SET Gattung=Erstellt WHERE ID_ART=3");
+    Do("INSERT INTO awaArt (ID_ART, Gattung) SELECT DISTINCT 9, #5/12/2026# FROM awaArt");
+    EXPECT_EQ(Of("SELECT DISTINCT Gattung FROM awaArt WHERE ID_ART IN (1,2,3,9)"), (Expected{"12.05.2026"}));
+    // 0.1 in a 32-bit column reads 0.1, not 0.100000001490116.
+    Do("UPDATE awaArtPrStelle SET DG_MA=0.1");
+    Do("UPDATE awaArt INNER JOIN awaArtPrStelle ON awaArt.ID_ART=awaArtPrStelle.ID_ART SET awaArt.Gattung="
+       "awaArtPrStelle.DG_MA WHERE awaArt.ID_ART=1");
+    EXPECT_EQ(Of("SELECT Gattung FROM awaArt WHERE ID_ART=1"), (Expected{"0.1"}));
+}
+
+TEST_F(Rows, FormatShowsTheDigitsOf32Bits) {
+    // As 64 bits the column holds 2.6749999523162842, which would round down.
+    Do("UPDATE awaArtPrStelle SET DG_MA=2.675");
+    EXPECT_EQ(Of("SELECT DISTINCT Format(DG_MA,'0.00'), Format(DG_MA,'0.#########') FROM awaArtPrStelle"),
+              (Expected{"2.68|2.675"}));
+    EXPECT_EQ(FailureOf("SELECT Format(Erstellt,'0') FROM awaArt WHERE ID_ART=1"), ErrorNumber::TypeMismatch);
+}
+
+/// `count` pieces with a word between them; # stands for the number of the piece.
+std::string Chain(int count, const std::string& piece, const std::string& between) {
+    std::string text;
+    for (int i = 1; i <= count; ++i) {
+        std::string one = piece;
+        for (auto at = one.find('#'); at != std::string::npos; at = one.find('#'))
+            one.replace(at, 1, std::to_string(i));
+        text += (i > 1 ? between : "") + one;
+    }
+    return text;
+}
+
+TEST_F(Rows, ChainsMayBeLong) {
+    for (const int count : {100, 400, 800}) {
+        const auto n = std::to_string(count);
+        EXPECT_EQ(
+            Of("SELECT ID_ART FROM awaArt WHERE " + Chain(count, "ID_ART<>#+1", " AND ") + " ORDER BY 1"),
+            (Expected{"1"}))
+            << n;
+        EXPECT_EQ(
+            Of("SELECT ID_ART FROM awaArt WHERE " + Chain(count, "ID_ART=#", " OR ") + " ORDER BY ID_ART"),
+            (Expected{"1", "2", "3", "4", "5"}))
+            << n;
+        // Taxon 1: each piece is 1, so the sum is the count.
+        EXPECT_EQ(Of("SELECT " + Chain(count, "ID_ART", "+") + " FROM awaArt WHERE ID_ART=1"), (Expected{n}));
+        EXPECT_EQ(Of("SELECT " + Chain(count, "Gattung", " & ") + " AS g FROM awaArt WHERE ID_ART=4")
+                      .front()
+                      .size(),
+                  static_cast<std::size_t>(6 * count));
+        EXPECT_EQ(
+            Of("SELECT " + Chain(count, "Gattung", "+") + " AS g FROM awaArt WHERE ID_ART=4").front().size(),
+            static_cast<std::size_t>(6 * count));
+    }
+    for (const int count : {100, 400, 700}) {
+        EXPECT_EQ(
+            Of("SELECT ID_ART FROM awaArt WHERE ID_ART In (SELECT f.ID_ART FROM awaArtPrStelle f WHERE " +
+               Chain(count, "(f.ID_PS=10 AND f.ID_ART=#)", " OR ") + ")"),
+            (Expected{"1"}))
+            << count;
+    }
+    Do("UPDATE awaArt SET RF=99 WHERE " + Chain(500, "ID_ART=#", " OR "));
+    EXPECT_EQ(Of("SELECT Count(*) FROM awaArt WHERE RF=99"), (Expected{"5"}));
+}
+
+TEST_F(Rows, NestingMayBeDeepAndFailsInWordsBeyond) {
+    const auto repeated = [](int count, const std::string& text) { return Chain(count, text, ""); };
+    for (const int count : {20, 100, 190}) {
+        EXPECT_EQ(Of("SELECT " + repeated(count, "IIf(RF>1,") + "1" + repeated(count, ",0)") +
+                     " FROM awaArt WHERE ID_ART<5 ORDER BY ID_ART"),
+                  (Expected{"1", "1", "1", "0"}))
+            << count;
+        EXPECT_EQ(Of("SELECT " + repeated(count, "IIf(ID_ART=#,'#',") + "'ohne'" + repeated(count, ")") +
+                     " FROM awaArt WHERE ID_ART<3 ORDER BY ID_ART"),
+                  (Expected{"1", "2"}))
+            << count;
+    }
+    EXPECT_EQ(Of("SELECT ID_ART FROM awaArt WHERE " + repeated(190, "Not ") + "ID_ART=1"), (Expected{"1"}));
+    EXPECT_EQ(Of("SELECT " + repeated(100, "- ") + "ID_ART, " + repeated(101, "-") +
+                 "(ID_ART) FROM awaArt WHERE ID_ART=3"),
+              (Expected{"3|-3"}));
+    for (const auto& statement :
+         {"SELECT ID_ART FROM awaArt WHERE " + Chain(1000, "ID_ART=#", " OR "),
+          "SELECT " + repeated(300, "IIf(RF>1,") + "1" + repeated(300, ",0)") + " FROM awaArt",
+          "SELECT ID_ART FROM awaArt WHERE " + repeated(300, "Not ") + "ID_ART=1",
+          "SELECT " + repeated(150, "(1+RF)*(2-") + "1" + repeated(150, ")") + " FROM awaArt"}) {
+        EXPECT_EQ(FailureOf(statement), ErrorNumber::SyntaxError) << statement.substr(0, 60);
+        const auto words = WordsOf(statement);
+        EXPECT_TRUE(words.find("too many parts") != std::string::npos ||
+                    words.find("nested too deeply") != std::string::npos)
+            << words.substr(0, 200);
+    }
 }
 
 TEST_F(Rows, InsertReachesAnotherDatabase) {

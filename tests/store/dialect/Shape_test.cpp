@@ -91,6 +91,11 @@ TEST(LiteralValue, ReadsEachForm) {
         {".25", 0.25},
         {"1E3", 1000.0},
         {"2.5e-1", 0.25},
+        // Too small for a float is 0: in the exponent, in the places, and where the two are against each
+        // other.
+        {"1E-400", 0.0},
+        {"0.00001E-320", 0.0},
+        {"12345E-99999999999999999999", 0.0},
         {"'a''b'", "a'b"},
         {"\"a\"\"b\"", "a\"b"},
         {"\" cf. \"", " cf. "},
@@ -100,6 +105,9 @@ TEST(LiteralValue, ReadsEachForm) {
         {"#05/12/2026 9:30#", Date{"2026-05-12 09:30:00"}},
         {"#02/29/2024 23:59:58#", Date{"2024-02-29 23:59:58"}},
         {"#9:05:07#", Date{"09:05:07"}},
+        // Midnight is the day itself; the day zero is that of a time alone.
+        {"#5/12/2026 0:00#", Date{"2026-05-12"}},
+        {"#12/30/1899 9:30#", Date{"09:30:00"}},
     };
     for (const Case& c : cases) EXPECT_EQ(ValueOf(c.Raw), c.Expected) << c.Raw;
 }
@@ -113,7 +121,8 @@ TEST(LiteralValue, RefusesMalformedDates) {
 }
 
 TEST(LiteralValue, RefusesNumbersBeyondAFloat) {
-    EXPECT_EQ(FailureOf([] { ValueOf("1E999"); }), ErrorNumber::Overflow);
+    for (const char* raw : {"1E999", "1E+999", "0.001E999", "1E99999999999999999999"})
+        EXPECT_EQ(FailureOf([&] { ValueOf(raw); }), ErrorNumber::Overflow) << raw;
 }
 
 TEST(Fold, MakesNamesEqualWithoutRegardToCase) {

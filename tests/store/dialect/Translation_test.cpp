@@ -62,7 +62,9 @@ TEST(ResultColumns, HaveTheKindOfTheirExpression) {
         {"IsNull(RF)", Kind::Bool},
         {"IIf(RF>1,ID_ART,RF)", Kind::R8},
         {"IIf(RF>1,'A',Null)", Kind::Text},
-        {"IIf(RF>1,'A',RF)", Kind::Null},
+        {"IIf(RF>1,'A',RF)", Kind::Text},
+        {"IIf(RF>1,Erstellt,'A')", Kind::Text},
+        {"IIf(RF>1,Erstellt,RF)", Kind::Null},
         {"Format(RF,'0.0')", Kind::Text},
         {"'0'", Kind::Text},
         {"7", Kind::I4},
@@ -157,6 +159,69 @@ TEST(Parameters, OfLongListsStandInTheText) {
     EXPECT_NE(translation.Sql.find("IN (1, 2, 3"), std::string::npos);
 }
 
+TEST(Sources, AreSixtyFourAtMost) {
+    const auto joined = [](int count) {
+        std::string text = "SELECT DISTINCT t1.ID_ART FROM awaArt AS t1";
+        for (int i = 2; i <= count; ++i) text += ", awaArt AS t" + std::to_string(i);
+        return text;
+    };
+    EXPECT_EQ(FailureOf([&] { Translated(joined(64)); }), 0);
+    EXPECT_EQ(FailureOf([&] { Translated(joined(65)); }), ErrorNumber::SyntaxError);
+}
+
+TEST(Refusals, OfWhatTheEngineCannotDo) {
+    struct Case {
+        const char* Statement;
+        const char* Words;
+    };
+    const std::vector<Case> cases{
+        // The condition between the nested joins needs X, which its own outer join may leave empty.
+        {"SELECT S.ID_PS FROM awaPrStelle S LEFT JOIN ((awaTeilraum_MI Q INNER JOIN awaArtPrStelle_MI P ON "
+         "Q.ID_TR_MI=P.ID_TR_MI) INNER JOIN (awaArtPrStelle A LEFT JOIN awaArt X ON A.ID_ART=X.ID_ART) ON "
+         "P.ID_ART=X.ID_ART) ON S.ID_TR=Q.ID_TR",
+         "cannot stand in a join nested"},
+        {"UPDATE awaPrStelle S LEFT JOIN (awaTeilraum_MI Q INNER JOIN awaArtPrStelle_MI P ON "
+         "Q.ID_TR_MI=P.ID_TR_MI) ON S.ID_TR=Q.ID_TR SET P.DG_MI=1",
+         "cannot be changed"},
+        {"DELETE P.* FROM awaPrStelle S LEFT JOIN (awaTeilraum_MI Q INNER JOIN awaArtPrStelle_MI P ON "
+         "Q.ID_TR_MI=P.ID_TR_MI) ON S.ID_TR=Q.ID_TR",
+         "cannot be changed"},
+        {"UPDATE Reich SET Reich='x'", "view"},
+        {"DELETE * FROM Reich", "view"},
+        {"DELETE Reich.* FROM Reich INNER JOIN awaArt ON Reich.ID_REICH=awaArt.ID_ART", "view"},
+        {"INSERT INTO Reich (Reich) VALUES ('x')", "view"},
+        {"SELECT Gattung AS Ä, Art AS ä FROM awaArt", "bear the name"},
+        {"SELECT DISTINCT Gattung FROM awaArt ORDER BY Art", "DISTINCT"},
+        {"SELECT DISTINCT RF+1 FROM awaArt ORDER BY RF+2", "DISTINCT"},
+    };
+    for (const Case& c : cases) {
+        try {
+            Translated(c.Statement);
+            ADD_FAILURE() << "taken: " << c.Statement;
+        } catch (const Error& error) {
+            EXPECT_EQ(error.Number(), ErrorNumber::SyntaxError) << c.Statement;
+            EXPECT_NE(error.Description().find(c.Words), std::string::npos) << error.Description();
+        }
+    }
+}
+
+TEST(DistinctAndOrder, GoTogetherWhereTheTermIsInTheList) {
+    for (const char* statement : {"SELECT DISTINCT Gattung, RF FROM awaArt ORDER BY RF DESC, Gattung",
+                                  "SELECT DISTINCT RF+1 FROM awaArt ORDER BY RF+1",
+                                  "SELECT DISTINCT Gattung AS g FROM awaArt ORDER BY g, 1",
+                                  "SELECT DISTINCT a.* FROM awaArt a ORDER BY a.Gattung"})
+        EXPECT_EQ(FailureOf([&] { Translated(statement); }), 0) << statement;
+    // What makes the two the same stands in the text.
+    EXPECT_EQ(Translated("SELECT DISTINCT RF+1 FROM awaArt ORDER BY RF+1").Pins.size(), 2U);
+}
+
+TEST(StartsWithWord, TellsStatementsFromNames) {
+    for (const char* text : {"SELECT", " where;", "Delete * FROM x"})
+        EXPECT_TRUE(StartsWithWord(text)) << text;
+    for (const char* text : {"awaArt", "[SELECT]", "", "'x", "Selection"})
+        EXPECT_FALSE(StartsWithWord(text)) << text;
+}
+
 TEST(TableSource, TakesABareName) {
     const SampleCatalogue tables;
     for (const char* source : {"awaArt", " awaart ", "[awaArt]", "AWAART;", "[awaArt] ; "}) {
@@ -181,9 +246,12 @@ TEST(Criterion, NamesTheColumnsItUsesAndItsConstants) {
     EXPECT_EQ(plain.Literals, (std::vector<Value>{"K"}));
 
     const Criterion both = TranslateCriterion("u.RF=-2 AND [t].[RF]>1.5 AND u.RF<9", columns);
-    EXPECT_EQ(both.Sql, "SELECT 1 WHERE ((?1 = (?3)) AND (?2 > ?4)) AND (?1 < ?5)");
+    EXPECT_EQ(both.Sql, "SELECT 1 WHERE (?1 = (?3)) AND (?2 > ?4) AND (?1 < ?5)");
     EXPECT_EQ(both.ColumnsUsed, (std::vector<std::size_t>{3, 2}));
     EXPECT_EQ(both.Literals, (std::vector<Value>{std::int32_t{-2}, 1.5, std::int32_t{9}}));
+
+    const Criterion pattern = TranslateCriterion("t.RF=1 AND Kurzzeichen LIKE 'K*'", columns);
+    EXPECT_EQ(pattern.Patterns, (std::vector<std::size_t>{1}));
 
     EXPECT_EQ(FailureOf([&] { TranslateCriterion("Unfug=1", columns); }), ErrorNumber::UnknownName);
     EXPECT_EQ(FailureOf([&] { TranslateCriterion("RF=1", columns); }),
