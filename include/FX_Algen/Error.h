@@ -24,7 +24,9 @@ inline constexpr std::int32_t UnknownTable = 3078;     ///< a table or view that
 inline constexpr std::int32_t RowIsReferredTo =
     3200;                                           ///< a row that others refer to, or a reference to no row
 inline constexpr std::int32_t UnknownField = 3265;  ///< a field, table or other item not in a collection
-inline constexpr std::int32_t NotADatabase = 3343;  ///< not a database, or one of another layout version
+/// not a database, one of another layout version, or one that cannot be used: locked by another program,
+/// read-only, disk full, failure of the disk
+inline constexpr std::int32_t NotADatabase = 3343;
 }  // namespace ErrorNumber
 
 /// A failed call: what the host sees of any failure inside the module.

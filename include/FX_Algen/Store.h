@@ -45,6 +45,7 @@ struct FieldDef {
     FieldType Type = FieldType::Long;
     std::int32_t Size = 0;                    ///< characters of a Text field; 0 = no limit
     std::optional<std::string> DefaultValue;  ///< as text, "0"; none = Null
+    // A field read from `TableDefs` carries both as far as the table declares them.
 };
 
 /// A table: made by `Database::CreateTableDef`, filled with `Append`, put into the database by
@@ -166,13 +167,17 @@ public:
     const Value& operator[](std::size_t index) const;  ///< 3265 past the last field
 
     void Edit();
+    /// Starts a new row: its fields show Null until they are set, and what the table made of the others
+    /// (defaults, counter) once `Update` has written it. 3021 on a join, whatever columns it shows.
     void AddNew();
-    /// Sets a field of the row in edit; the value is converted to the column's kind at once (13, 6).
+    /// Sets a field of the row in edit; the value is converted to the column's kind at once (13, 6). Of a
+    /// date, a column of days takes the day alone, a column of times the time. Each field that shows the
+    /// column shows the value.
     void Collect(std::string_view name, const Value& value);
     /// Writes the row in edit (3022, 3200). After `AddNew` the former current row is current again.
     void Update();
     void CancelUpdate() noexcept;
-    void Delete();  ///< removes the current row from the table
+    void Delete();  ///< removes the current row from the table; 3021 on a join
     bool Updatable() const noexcept;
     /// Values that counters took in the last `Update` after `AddNew`; Null if there was none.
     Value LastCounter() const;

@@ -1,12 +1,15 @@
 #include "FX_Algen/AL_PS.h"
 
+#include "FX_Algen/Error.h"
 #include "calc/Berechnung.h"
+#include "host/Named.h"
 #include "host/NotBuilt.h"
 #include "store/Allgemein.h"
 #include "store/Strings.h"
 
 namespace FX_Algen {
 
+using host::Named;
 using host::NotBuilt;
 
 namespace {
@@ -19,24 +22,31 @@ void AL_PS::SprachID_Anheben() noexcept {
 }
 
 void AL_PS::Berechnung_Init() {
-    FX_Algen::Berechnung_Init(kontext_.CurrentDB);
-    SprachID_Anheben();
-    ergebnis_.Berechnung_Statustext = store::Text(StatustextBerechnung, kontext_.SprachID);
+    Named("Berechnung_Init", [this] {
+        FX_Algen::Berechnung_Init(kontext_.CurrentDB);
+        SprachID_Anheben();
+        ergebnis_.Berechnung_Statustext = store::Text(StatustextBerechnung, kontext_.SprachID);
+    });
 }
 
 void AL_PS::Berechnung_Execute() {
-    FX_Algen::Berechnung_Execute(kontext_.CurrentDB, kontext_.TeilraumID, kontext_.IstWRRLBerechnung,
-                                 kontext_.ValenzGewicht, kontext_.DebugModus);
+    Named("Berechnung_Execute", [this] {
+        FX_Algen::Berechnung_Execute(kontext_.CurrentDB, kontext_.TeilraumID, kontext_.IstWRRLBerechnung,
+                                     kontext_.ValenzGewicht, kontext_.DebugModus);
+    });
 }
 
 store::Value AL_PS::CheckIstKA(std::int32_t) {
     // The answer is that for the current sub-habitat, whatever the argument says.
-    return FX_Algen::CheckIstKA(kontext_.CurrentDB, kontext_.TeilraumID);
+    return Named("CheckIstKA",
+                 [this] { return FX_Algen::CheckIstKA(kontext_.CurrentDB, kontext_.TeilraumID); });
 }
 
 void AL_PS::Get_ResString() {
-    SprachID_Anheben();
-    ergebnis_.ResString = store::Text(kontext_.ResID, kontext_.SprachID);
+    Named("Get_ResString", [this] {
+        SprachID_Anheben();
+        ergebnis_.ResString = store::Text(kontext_.ResID, kontext_.SprachID);
+    });
 }
 
 void AL_PS::Get_Version() {

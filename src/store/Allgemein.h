@@ -49,7 +49,8 @@ bool Tabelle_Loeschen(const std::string& dbPfad, const std::string& tabelle);
 bool Tabelle_Erstellen(const std::string& dbPfad, const std::string& tabelle, const std::string& feld,
                        store::FieldType typ, std::int32_t laenge = 0);
 
-/// Adds a field with default 0 to an existing table. On a failure the result is false, with no message.
+/// Adds a field with default 0 (a date field with default Null) to an existing table. On a failure the result
+/// is false, with no message.
 bool Feld_Hinzufuegen(const std::string& dbPfad, const std::string& tabelle, const std::string& feld,
                       store::FieldType typ, std::int32_t laenge = 0);
 

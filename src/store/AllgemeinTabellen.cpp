@@ -113,7 +113,8 @@ bool Feld_Hinzufuegen(const std::string& dbPfad, const std::string& tabelle, con
     try {
         const auto database = store::Workspace().OpenDatabase(dbPfad);
         auto field = store::TableDef::CreateField(feld, typ, laenge);
-        field.DefaultValue = "0";
+        // There is no day that 0 could stand for.
+        if (typ != store::FieldType::Date) field.DefaultValue = "0";
         auto tables = database->TableDefs();
         tables[tabelle].Append(field);
         return true;

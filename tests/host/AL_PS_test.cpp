@@ -70,6 +70,43 @@ TEST(AL_PS_Fresh, HoldsEmptyTextsFalseAndNoHandles) {
     EXPECT_EQ(ps.WRRLErgRecordset(), nullptr);
 }
 
+// ---- failures ----------------------------------------------------------------------------------------
+
+TEST(AL_PS_Failures, NameTheOperationThatWasCalled) {
+    AL_PS ps;
+    const auto described = [](const std::function<void()>& call) {
+        try {
+            call();
+        } catch (const Error& error) {
+            return error.Description();
+        }
+        return std::string();
+    };
+    // Without a database, and for texts that do not exist or have no number of 16 bits.
+    EXPECT_THAT(described([&] { ps.Berechnung_Init(); }), testing::StartsWith("Berechnung_Init: "));
+    EXPECT_THAT(described([&] { ps.Berechnung_Execute(); }), testing::StartsWith("Berechnung_Execute: "));
+    EXPECT_THAT(described([&] { ps.CheckIstKA(1); }), testing::StartsWith("CheckIstKA: "));
+    ps.ResID(0);
+    EXPECT_THAT(described([&] { ps.Get_ResString(); }), testing::StartsWith("Get_ResString: "));
+    ps.ResID(32767);
+    EXPECT_THAT(described([&] { ps.Get_ResString(); }), testing::StartsWith("Get_ResString: "));
+}
+
+TEST_F(AL_PS_Fixture, AFailedOperationKeepsNumberAndStatements) {
+    AddSubhabitat(7);
+    ps.TeilraumID(7);
+    ps.Berechnung_Execute();
+    try {
+        ps.Berechnung_Execute();
+        FAIL() << "the row is there already";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.Number(), ErrorNumber::DuplicateKey);
+        EXPECT_THAT(error.Description(), testing::StartsWith("Berechnung_Execute: Execute: "));
+        EXPECT_THAT(error.Statement(), testing::StartsWith("INSERT INTO awaErgProjekt"));
+        EXPECT_THAT(error.Translated(), HasSubstr("INSERT INTO \"awaErgProjekt\""));
+    }
+}
+
 // ---- texts and version -----------------------------------------------------------------------------
 
 struct TextCase {

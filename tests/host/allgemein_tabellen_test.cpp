@@ -102,6 +102,20 @@ TEST_F(AllgemeinTabellen, AddedFieldHasDefaultZero) {
     EXPECT_EQ((*row)["A17"].R8(), 0.0);
 }
 
+TEST_F(AllgemeinTabellen, AFieldOfEachTypeIsAddedAndADateIsNull) {
+    ASSERT_TRUE(Tabelle_Erstellen(db.Path(), "Liste", "ID", FieldType::Long));
+    for (const auto type : {FieldType::Boolean, FieldType::Integer, FieldType::Long, FieldType::Single,
+                            FieldType::Double, FieldType::Date, FieldType::Text, FieldType::Memo}) {
+        const auto name = "F" + std::to_string(static_cast<int>(type));
+        EXPECT_TRUE(Feld_Hinzufuegen(db.Path(), "Liste", name, type, 5)) << name;
+    }
+    db.Handle->Execute("INSERT INTO Liste (ID) VALUES (1);");
+    const auto row = db.Handle->OpenRecordset("SELECT F8, F1, F10 FROM Liste;");  // date, boolean, text
+    EXPECT_TRUE((*row)["F8"].IsNull());
+    EXPECT_FALSE((*row)["F1"].Bool());
+    EXPECT_EQ((*row)["F10"].Text(), "0");
+}
+
 TEST_F(AllgemeinTabellen, FailureOfAddingAFieldShowsNothing) {
     EXPECT_FALSE(Feld_Hinzufuegen(db.Path(), "GibtEsNicht", "A17", FieldType::Double));
     EXPECT_FALSE(Feld_Hinzufuegen((db.Folder() / "fehlt.db").string(), "Liste", "A17", FieldType::Double));
