@@ -28,12 +28,26 @@ bool IsText(const Expr& expr) { return expr.Type == Kind::Text; }
 
 bool IsSum(BinaryOp op) { return op == BinaryOp::Add || op == BinaryOp::Subtract; }
 
-/// Whether `left op …` reads the same without brackets around `left`. The engine's parser has room for some
-/// ninety open brackets, and a chain is longer than that.
-bool ContinuesChain(BinaryOp op, const Expr& left) {
+/// The parts of a chain such as a AND b AND c in their order. The engine's parser has room for some ninety
+/// open brackets, and a chain is longer than that.
+std::vector<const Expr*> PartsOfChain(BinaryOp op, const Expr& chain) {
+    std::vector<const Expr*> parts;
+    const Expr* rest = &chain;
+    for (const auto* node = std::get_if<BinaryNode>(&rest->Node);
+         node != nullptr && node->Op == op && rest->Type == chain.Type;
+         node = std::get_if<BinaryNode>(&rest->Node)) {
+        parts.push_back(node->Right.get());
+        rest = node->Left.get();
+    }
+    parts.push_back(rest);
+    std::reverse(parts.begin(), parts.end());
+    return parts;
+}
+
+/// Whether `left + …` or `left - …` reads the same without brackets around `left`.
+bool IsSumOfNumbers(const Expr& left) {
     const auto* inner = std::get_if<BinaryNode>(&left.Node);
-    if (inner == nullptr) return false;
-    return inner->Op == op || (IsSum(inner->Op) && IsSum(op));
+    return inner != nullptr && IsSum(inner->Op) && !IsText(left);
 }
 
 /// A product or sum that may grow beyond what 64 bits hold; whole numbers stay far below.
@@ -224,13 +238,11 @@ void Writer::Node(const Expr& expr, const BinaryNode& node) {
         return;
     }
     if (node.Op == BinaryOp::And || node.Op == BinaryOp::Or) {
-        ContinuesChain(node.Op, *node.Left) ? Condition(*node.Left) : ConditionOperand(*node.Left);
-        sql_ += SymbolOf(node.Op);
-        ConditionOperand(*node.Right);
+        Parts(SymbolOf(node.Op), PartsOfChain(node.Op, expr), &Writer::ConditionOperand);
         return;
     }
     if (node.Op == BinaryOp::Concatenate) {
-        Join(node);
+        Parts(SymbolOf(node.Op), PartsOfChain(node.Op, expr), &Writer::JoinPart);
         return;
     }
     if (node.Op == BinaryOp::Divide) {
@@ -243,9 +255,7 @@ void Writer::Node(const Expr& expr, const BinaryNode& node) {
         return;
     }
     if (node.Op == BinaryOp::Add && IsText(expr)) {
-        ContinuesChain(node.Op, *node.Left) ? Value(*node.Left) : Operand(*node.Left);
-        sql_ += SymbolOf(BinaryOp::Concatenate);
-        Operand(*node.Right);
+        Parts(SymbolOf(BinaryOp::Concatenate), PartsOfChain(node.Op, expr), &Writer::Operand);
         return;
     }
     Arithmetic(node);
@@ -260,7 +270,7 @@ void Writer::Arithmetic(const BinaryNode& node) {
     }
     // What has grown beyond 64 bits stays so whatever is added, and is found in the end; two such may undo
     // each other.
-    ContinuesChain(node.Op, *node.Left) ? Value(*node.Left) : Operand(*node.Left);
+    IsSumOfNumbers(*node.Left) ? Value(*node.Left) : Operand(*node.Left);
     sql_ += SymbolOf(node.Op);
     IsPlain(*node.Left) ? Operand(*node.Right) : ArithmeticOperand(*node.Right);
 }
@@ -272,10 +282,17 @@ void Writer::Comparison(const BinaryNode& node) {
     Operand(*node.Right);
 }
 
-void Writer::Join(const BinaryNode& node) {
-    ContinuesChain(node.Op, *node.Left) ? Value(*node.Left) : JoinPart(*node.Left);
-    sql_ += SymbolOf(BinaryOp::Concatenate);
-    JoinPart(*node.Right);
+void Writer::Parts(std::string_view symbol, const std::vector<const Expr*>& parts,
+                   void (Writer::*write)(const Expr&)) {
+    // In groups, where it is long: the engine counts how deep a condition is, in a select behind In twice.
+    constexpr std::size_t Group = 64;
+    const bool grouped = parts.size() > Group;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        if (i > 0) sql_ += symbol;
+        if (grouped && i % Group == 0) sql_ += "(";
+        (this->*write)(*parts[i]);
+        if (grouped && (i % Group == Group - 1 || i + 1 == parts.size())) sql_ += ")";
+    }
 }
 
 void Writer::JoinPart(const Expr& expr) {

@@ -49,7 +49,8 @@ private:
     void Node(const Expr& expr, const CallNode& node);
     void Comparison(const BinaryNode& node);
     void Arithmetic(const BinaryNode& node);
-    void Join(const BinaryNode& node);
+    void Parts(std::string_view symbol, const std::vector<const Expr*>& parts,
+               void (Writer::*write)(const Expr&));
     void JoinPart(const Expr& expr);
     void Case(const Expr& expr, const CallNode& node);
     void Branch(const Expr& value, Kind kind);  ///< one value of an IIf of that kind

@@ -150,6 +150,8 @@ TEST(Pairs, Values) {
         {"(RF+2)*RF", "fx_finite(\"awaArt\".\"RF\" + ?1, 0) * \"awaArt\".\"RF\""},
         {"ID_ART*2-ID_ART*3", "(\"awaArt\".\"ID_ART\" * ?1) - (\"awaArt\".\"ID_ART\" * ?2)"},
         // A chain needs no brackets on its left, a nested one does.
+        // Null + Null is a number, though a text follows; the engine's || would take its right side first.
+        {"Null+Null+Gattung", "(NULL + NULL) || \"awaArt\".\"Gattung\""},
         {"RF+1-2+3", "\"awaArt\".\"RF\" + ?1 - ?2 + ?3"},
         {"RF-(1-RF)", "\"awaArt\".\"RF\" - (?1 - \"awaArt\".\"RF\")"},
         {"- - -RF", "-(\"awaArt\".\"RF\")"},

@@ -426,7 +426,7 @@ TEST_F(Rows, ChainsMayBeLong) {
             Of("SELECT " + Chain(count, "Gattung", "+") + " AS g FROM awaArt WHERE ID_ART=4").front().size(),
             static_cast<std::size_t>(6 * count));
     }
-    for (const int count : {100, 400, 700}) {
+    for (const int count : {100, 400, 800}) {
         EXPECT_EQ(
             Of("SELECT ID_ART FROM awaArt WHERE ID_ART In (SELECT f.ID_ART FROM awaArtPrStelle f WHERE " +
                Chain(count, "(f.ID_PS=10 AND f.ID_ART=#)", " OR ") + ")"),
