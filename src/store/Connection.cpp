@@ -9,6 +9,7 @@
 #include "store/Binding.h"
 #include "store/Layout.h"
 #include "store/OpenConnection.h"
+#include "store/PlannerFigures.h"
 #include "store/ThreadValues.h"
 
 namespace FX_Algen::store {
@@ -74,6 +75,15 @@ Connection::Connection(std::string name, DatabaseFile file)
       catalogue_(*engine_, "main") {
     CheckLayout(*engine_, "main", name_);
     engine_->WriteAhead();
+    CheckPlannerFigures();
+}
+
+/// Plans must not differ from database to database. Figures that another program changed are read with the
+/// schema; so they are looked at whenever that has another version.
+void Connection::CheckPlannerFigures() {
+    if (planner_version_ == catalogue_.Version()) return;
+    RestorePlannerFigures(*engine_);
+    planner_version_ = catalogue_.Version();
 }
 
 void Connection::SchemaChanged() {
@@ -84,6 +94,7 @@ void Connection::SchemaChanged() {
 }
 
 bool Connection::RefreshSchema() {
+    CheckPlannerFigures();
     bool changed = catalogue_.Refresh();
     for (auto& attachment : attachments_) changed = attachment.Tables->Refresh() || changed;
     if (changed) SchemaChanged();

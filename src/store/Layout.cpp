@@ -9,6 +9,7 @@
 
 #include "FX_Algen/Error.h"
 #include "store/Engine.h"
+#include "store/PlannerFigures.h"
 #include "store/resources/Resources.h"
 
 namespace FX_Algen::store {
@@ -68,6 +69,7 @@ void CreateTables(Engine& engine, DatabaseKind kind) {
     try {
         for (const auto& resource : resources::schema())
             if (resource.name.starts_with(Folder(kind))) engine.Run(std::string(resource.text));
+        RestorePlannerFigures(engine);
         engine.Run("PRAGMA user_version = " + std::to_string(LayoutVersion));
         engine.Run("COMMIT");
     } catch (...) {

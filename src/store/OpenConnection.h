@@ -69,6 +69,7 @@ public:
     void SchemaChanged();
     /// Forgets them where another program changed the schema since they were read; tells whether it did.
     bool RefreshSchema();
+    void CheckPlannerFigures();
 
     dialect::External Attach(const std::string& path) override;
 
@@ -102,8 +103,9 @@ private:
     DatabaseFile file_;
     std::unique_ptr<Engine> engine_;
     SchemaCatalogue catalogue_;
-    std::list<Attachment> attachments_;  ///< most recently used first
-    std::int64_t attached_count_ = 0;    ///< ever, for names that do not come again
+    std::list<Attachment> attachments_;            ///< most recently used first
+    std::optional<std::int64_t> planner_version_;  ///< of the schema when the planner's figures were right
+    std::int64_t attached_count_ = 0;              ///< ever, for names that do not come again
     LruCache<Prepared> statements_{StatementLimit};
     LruCache<std::unique_ptr<EngineStatement>> own_statements_{StatementLimit};
     dialect::Shape shape_;  ///< of the statement being run; its buffers are reused

@@ -23,6 +23,8 @@ public:
     /// Names of the tables, without views, in the order in which they were created.
     std::vector<std::string> TableNames() const;
 
+    /// The engine's number of the schema as it is in the file now.
+    std::int64_t Version() const;
     /// Whether another hand changed the schema since it was read.
     bool IsStale() const;
     /// Forgets what was read where that is so; tells whether it was.
@@ -38,7 +40,6 @@ private:
         std::optional<dialect::TableInfo> Info;
     };
 
-    std::int64_t Version() const;
     void ReadNames() const;
     dialect::TableInfo ReadTable(const Entry& entry) const;
     dialect::TableInfo ReadView(const Entry& entry) const;

@@ -15,9 +15,10 @@ namespace FX_Algen::store {
 /// A folder of a test's own that goes with it.
 class TestFolder {
 public:
-    TestFolder() {
+    /// `extra` tells the folders of one test apart.
+    explicit TestFolder(const std::string& extra = {}) {
         const auto* info = testing::UnitTest::GetInstance()->current_test_info();
-        std::string name = std::string(info->test_suite_name()) + "-" + info->name();
+        std::string name = std::string(info->test_suite_name()) + "-" + info->name() + extra;
         for (char& c : name)
             if (c == '/') c = '-';
         path_ = std::filesystem::path(testing::TempDir()) / ("fx_" + name);

@@ -105,9 +105,10 @@ CREATE TABLE awaRefArt_TypB (
     ID_AL_Bioregion INTEGER,  -- bioregion
     ID_AL_Hoehenstufe INTEGER  -- altitude step
 );
+-- First, since loading makes the others anew and the planner goes by their order.
+CREATE UNIQUE INDEX awaRefArt_TypB_ID_Art_ID_AL_Bioregion_ID_AL_Hoehenstufe ON awaRefArt_TypB (ID_Art, ID_AL_Bioregion, ID_AL_Hoehenstufe);
 CREATE INDEX awaRefArt_TypB_ID_AL_Bioregion ON awaRefArt_TypB (ID_AL_Bioregion);
 CREATE INDEX awaRefArt_TypB_ID_AL_Hoehenstufe ON awaRefArt_TypB (ID_AL_Hoehenstufe);
-CREATE UNIQUE INDEX awaRefArt_TypB_ID_Art_ID_AL_Bioregion_ID_AL_Hoehenstufe ON awaRefArt_TypB (ID_Art, ID_AL_Bioregion, ID_AL_Hoehenstufe);
 
 -- Bioregions.
 CREATE TABLE AL_Bioregion (

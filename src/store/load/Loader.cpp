@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "FX_Algen/Error.h"
+#include "store/PlannerFigures.h"
 #include "store/load/DeletedKeys.h"
 #include "store/load/Duplicates.h"
 #include "store/load/Pipeline.h"
@@ -83,6 +84,8 @@ LoadResult Loader::Run(std::span<const LoadText> files) {
         return result;
     }
     DeletedKeys::RaiseCounters(*engine_, tables_);
+    // Those of an index go with it, and it does not bring them back.
+    RestorePlannerFigures(*engine_);
     engine_->Run("COMMIT");
     for (std::size_t i = 0; i < files_.size(); ++i)
         result.Tables.push_back({files_[i].Table().Name, progress_[i].Rows});

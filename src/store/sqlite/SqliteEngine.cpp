@@ -54,6 +54,7 @@ public:
     }
 
     bool InTransaction() const override { return sqlite3_get_autocommit(db_.get()) == 0; }
+    bool CanWrite() const override { return sqlite3_db_readonly(db_.get(), "main") == 0; }
 
     void WriteAhead() override {
         if (sqlite3_db_readonly(db_.get(), "main") == 0) Run("PRAGMA journal_mode=WAL");
