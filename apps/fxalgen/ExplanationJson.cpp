@@ -48,6 +48,8 @@ std::string_view NameOf(LeftOutRule rule) {
             return "OtherMajorGroup";
         case LeftOutRule::NoTaxonomy:
             return "NoTaxonomy";
+        case LeftOutRule::FailedHere:
+            return "FailedHere";
         case LeftOutRule::NotCalculated:
             break;
     }
@@ -81,6 +83,11 @@ std::string_view NameOf(StoredResult state) {
 template <typename T>
 Json Optional(const std::optional<T>& value) {
     return value ? Json(*value) : Json(nullptr);
+}
+
+/// With the digits that 32 bits hold.
+Json Optional32(const std::optional<float>& value, const char* where) {
+    return value ? ToJson(store::Value(*value), where) : Json(nullptr);
 }
 
 Json TextOf(const std::string& text, const char* where) { return ToJson(store::Value(text), where); }
@@ -121,8 +128,8 @@ Json IndexAsJson(const ExplainedIndex& index) {
     return {{"Column", index.Column},
             {"Terms", ListOf(index.Terms, TermAsJson)},
             {"LeftOut", ListOf(index.LeftOut, OmissionAsJson)},
-            {"WeightSum", index.WeightSum},
-            {"ValueSum", index.ValueSum},
+            {"WeightSum", Optional(index.WeightSum)},
+            {"ValueSum", Optional(index.ValueSum)},
             {"Result", ToJson(index.Result, index.Column)},
             {"Stored", ToJson(index.Stored, index.Column)}};
 }
@@ -155,7 +162,7 @@ Json StandAsJson(const ExplainedStand& stand) {
     return {{"ID_TR_MI", stand.ID_TR_MI},
             {"MI_Bez", TextOf(stand.MI_Bez, "MI_Bez")},
             {"CoverPercent", Optional(stand.CoverPercent)},
-            {"SharePercent", stand.SharePercent}};
+            {"SharePercent", Optional(stand.SharePercent)}};
 }
 
 Json ColumnAsJson(const ExplainedColumn& column) {
@@ -163,10 +170,6 @@ Json ColumnAsJson(const ExplainedColumn& column) {
             {"Result", ToJson(column.Result, column.Column)},
             {"Stored", ToJson(column.Stored, column.Column)},
             {"Differs", column.Differs}};
-}
-
-Json CoverAsJson(const std::optional<float>& cover, const char* where) {
-    return cover ? ToJson(*cover, where) : Json(nullptr);
 }
 
 Json FailureAsJson(const std::optional<Explanation::Failure>& failure) {
@@ -181,8 +184,9 @@ Json ExplanationAsJson(const Explanation& explanation) {
             {"TRBez", TextOf(explanation.TRBez, "TRBez")},
             {"Sampled", explanation.Sampled},
             {"IstWRRL", explanation.IstWRRL},
-            {"DG_Gesamt", CoverAsJson(explanation.DG_Gesamt, "DG_Gesamt")},
-            {"DG_Makroalgen", CoverAsJson(explanation.DG_Makroalgen, "DG_Makroalgen")},
+            {"DG_Gesamt", Optional32(explanation.DG_Gesamt, "DG_Gesamt")},
+            {"DG_Makroalgen", Optional32(explanation.DG_Makroalgen, "DG_Makroalgen")},
+            {"Schalen", explanation.Schalen},
             {"Summe_KA", ToJson(explanation.Summe_KA, "Summe_KA")},
             {"Stands", ListOf(explanation.Stands, StandAsJson)},
             {"Indices", ListOf(explanation.Indices, IndexAsJson)},

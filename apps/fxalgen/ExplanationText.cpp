@@ -73,6 +73,8 @@ std::int16_t WordOf(LeftOutRule rule) {
             return words::OtherMajorGroup;
         case LeftOutRule::NoTaxonomy:
             return words::NoTaxonomy;
+        case LeftOutRule::FailedHere:
+            return words::FailedHere;
         case LeftOutRule::NotCalculated:
             break;
     }
@@ -115,12 +117,12 @@ private:
     std::string Number(double value, std::int16_t places = 4) const {
         return DisplayNumber(value, places, SprachID_);
     }
-    std::string NumberOrNothing(std::optional<double> value) const {
-        return value ? Number(*value) : std::string();
+    std::string NumberOr(std::optional<double> value, std::int16_t word) const {
+        return value ? Number(*value) : Word(word);
     }
+    void BasisLine(std::int16_t caption, const std::optional<store::Value>& value) const;
     /// All digits that the value holds.
     std::string Exact(const store::Value& value) const;
-    std::string CoverLine(std::int16_t offset, const std::optional<float>& cover) const;
     std::string Taxon(const ExplainedFinding& finding) const;
     static std::string Place(const ExplainedFinding& finding);
 
@@ -139,13 +141,6 @@ std::string Writer::Exact(const store::Value& value) const {
     std::string text = DisplayText(value, SprachID_);
     if (SprachID_ < Language::English) std::replace(text.begin(), text.end(), '.', ',');
     return text;
-}
-
-/// A cover that was not entered has no unit behind it.
-std::string Writer::CoverLine(std::int16_t offset, const std::optional<float>& cover) const {
-    if (cover) return With(offset, SprachID_, Exact(*cover));
-    const std::string text = Word(offset);
-    return text.substr(0, text.find('|')) + Word(words::NotEntered);
 }
 
 std::string Writer::Taxon(const ExplainedFinding& finding) const {
@@ -175,11 +170,23 @@ void Writer::Head(const Explanation& explanation, const Teilraum& teilraum) cons
     if (explanation.IstWRRL) out_ << Word(words::Variant) << "\n\n";
 }
 
+/// A line of the basis. A cover that was not entered has no unit behind it.
+void Writer::BasisLine(std::int16_t caption, const std::optional<store::Value>& value) const {
+    const std::string line = Word(caption);
+    out_ << "  "
+         << (value ? With(caption, SprachID_, Exact(*value))
+                   : line.substr(0, line.find('|')) + Word(words::NotEntered))
+         << '\n';
+}
+
 void Writer::Basis(const Explanation& explanation) const {
     Title(Word(words::Grundlagen));
-    out_ << "  " << CoverLine(words::TotalCover, explanation.DG_Gesamt) << '\n';
-    out_ << "  " << CoverLine(words::MacroalgaeCover, explanation.DG_Makroalgen) << '\n';
-    out_ << "  " << With(words::CountedValves, SprachID_, Exact(explanation.Summe_KA)) << "\n\n";
+    BasisLine(words::TotalCover, explanation.DG_Gesamt);
+    BasisLine(words::MacroalgaeCover, explanation.DG_Makroalgen);
+    BasisLine(words::CountedValves, explanation.Schalen);
+    // The classic variant relates the diatoms to all counted valves.
+    if (explanation.IstWRRL) BasisLine(words::RelatedValves, explanation.Summe_KA);
+    out_ << '\n';
     if (explanation.Stands.empty()) return;
     Table table;
     table.AddColumn(Word(words::Bestand), Table::Align::Left);
@@ -187,7 +194,8 @@ void Writer::Basis(const Explanation& explanation) const {
     table.AddColumn(Word(words::Anteil), Table::Align::Right);
     for (const ExplainedStand& stand : explanation.Stands) {
         table.AddRow({stand.MI_Bez.empty() ? "ID_TR_MI " + store::NumberText(stand.ID_TR_MI) : stand.MI_Bez,
-                      NumberOrNothing(stand.CoverPercent), Number(stand.SharePercent)});
+                      NumberOr(stand.CoverPercent, words::NotEntered),
+                      NumberOr(stand.SharePercent, words::NotReached)});
     }
     table.Print(out_, 2);
     out_ << '\n';
@@ -266,9 +274,9 @@ void Writer::Sum(const ExplainedIndex& index) const {
         out_ << ": " << Word(words::NotReached);
     } else if (index.Column == QuantityIndex) {
         out_ << " = " << Exact(index.Result);
-    } else if (index.WeightSum > 0) {
-        out_ << " = " << Number(index.ValueSum) << " / " << Number(index.WeightSum) << " = "
-             << Exact(index.Result);
+    } else if (index.WeightSum.value_or(0) > 0) {
+        out_ << " = " << NumberOr(index.ValueSum, words::NotReached) << " / " << Number(*index.WeightSum)
+             << " = " << Exact(index.Result);
     } else {
         out_ << " = " << Exact(index.Result) << ' ' << Word(words::NoWeight);
     }
@@ -303,7 +311,8 @@ void Writer::Classes(const Explanation& explanation) const {
     classes.AddColumn(Word(words::Anzahl), Table::Align::Right);
     classes.AddColumn(Word(words::Gespeichert), Table::Align::Right);
     for (const ExplainedClass& one : explanation.Classes) {
-        classes.AddRow({one.Name, Exact(one.Result), Exact(one.Stored)});
+        classes.AddRow(
+            {one.Name, one.Result.IsNull() ? Word(words::NotReached) : Exact(one.Result), Exact(one.Stored)});
     }
     classes.Print(out_, 2);
     out_ << '\n';

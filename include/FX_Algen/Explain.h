@@ -61,7 +61,8 @@ enum class LeftOutRule : std::uint8_t {
     OtherLebensform,  ///< assessment variant: the life form of the taxon is not 1
     OtherMajorGroup,  ///< assessment variant: its major group is that of the diatoms, or 132 and above
     NoTaxonomy,       ///< assessment variant: the taxon does not reach a family
-    NotCalculated,    ///< the calculation failed before it came to this finding, or at it
+    FailedHere,       ///< the calculation failed at this finding: a value that it needs is Null
+    NotCalculated,    ///< the calculation failed before it came to this finding
 };
 
 struct ExplainedOmission {
@@ -77,8 +78,10 @@ struct ExplainedIndex {
     std::string Column;  ///< SapIndex, SapIndex_KA, TI, TI_N, TI_KA, AMI
     std::vector<ExplainedTerm> Terms;
     std::vector<ExplainedOmission> LeftOut;
-    double WeightSum = 0;
-    double ValueSum = 0;
+    /// Absent where the calculation failed before the sums were complete: `Terms` tells how far it came. The
+    /// quantity index has no `WeightSum`.
+    std::optional<double> WeightSum;
+    std::optional<double> ValueSum;
     store::Value Result;  ///< as calculated now; Null where the calculation failed before it
     store::Value Stored;  ///< as it stands in the result row; Null without one
 };
@@ -123,7 +126,9 @@ struct ExplainedStand {
     std::int32_t ID_TR_MI = 0;
     std::string MI_Bez;
     std::optional<double> CoverPercent;  ///< of the sub-habitat; absent where it was not entered
-    double SharePercent = 0;             ///< of the total cover; 0 where that is not above 0
+    /// Of the total cover; absent where that is not above 0, since stands are not read then, and where the
+    /// calculation failed before it read the stand.
+    std::optional<double> SharePercent;
 };
 
 /// A column of the result row, calculated now and as stored.
@@ -148,9 +153,12 @@ struct Explanation {
     /// Assessment variant: that of the stored row, else the classic one.
     bool IstWRRL = false;
 
-    std::optional<float> DG_Gesamt;      ///< total cover used, percent; absent where it was not entered
-    std::optional<float> DG_Makroalgen;  ///< macroalgae cover used, percent; absent where it was not entered
-    float Summe_KA = 0;                  ///< counted valves
+    std::optional<float> DG_Gesamt;      ///< total cover used, percent; absent where it is Null
+    std::optional<float> DG_Makroalgen;  ///< macroalgae cover used, percent; absent where it is Null
+    double Schalen = 0;                  ///< all counted valves, those of taxa without ratings included
+    /// The counted valves that the diatoms are related to: in the assessment variant those of taxa with life
+    /// form 1, else all.
+    float Summe_KA = 0;
     std::vector<ExplainedStand> Stands;
 
     std::vector<ExplainedIndex> Indices;

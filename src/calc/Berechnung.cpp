@@ -9,12 +9,12 @@
 namespace FX_Algen {
 
 void Berechnung_Init(const store::DatabasePtr& database) {
-    calc::Vorhanden(database).Execute("DELETE * FROM awaErgProjekt;");
+    calc::Vorhanden(database, "Berechnung_Init").Execute("DELETE * FROM awaErgProjekt;");
 }
 
 void Berechnung_Execute(const store::DatabasePtr& database, std::int32_t ID_TR, bool IstWRRL,
                         bool ValenzGewicht, bool DebugModus, calc::Spur* spur) {
-    auto& db = calc::Vorhanden(database);
+    auto& db = calc::Vorhanden(database, "Berechnung_Execute");
     const auto id = store::NumberText(ID_TR);
     const auto teilraum = db.OpenRecordset("SELECT ID_TR FROM awaTeilraum WHERE ID_TR=" + id + ";");
     if (!teilraum->Eof()) {
@@ -33,8 +33,10 @@ void Berechnung_Lauf(const store::DatabasePtr& database, std::int32_t ID, bool V
 }
 
 bool CheckIstKA(const store::DatabasePtr& database, std::int32_t TeilraumID) {
-    const auto zeilen = calc::Vorhanden(database).OpenRecordset(
-        "SELECT ID FROM awaErgWRRL WHERE ID=" + store::NumberText(TeilraumID) + " AND Taxagruppe='KA';");
+    const auto zeilen =
+        calc::Vorhanden(database, "CheckIstKA")
+            .OpenRecordset("SELECT ID FROM awaErgWRRL WHERE ID=" + store::NumberText(TeilraumID) +
+                           " AND Taxagruppe='KA';");
     const bool gefunden = !zeilen->Eof();
     zeilen->Close();
     return gefunden;

@@ -25,7 +25,8 @@ std::optional<std::int32_t> Schuldiger(store::Database& database, const std::str
 }  // namespace
 
 void Berechnung_AMI(const store::DatabasePtr& database, std::int32_t ID, calc::Spur* spur) {
-    auto& db = calc::Vorhanden(database);
+    const calc::Ort ort{calc::Vorhanden(database, "Berechnung_AMI"), "Berechnung_AMI", ID};
+    auto& db = ort.Datenbank;
     calc::AMISpur eigen;
     calc::AMISpur& lauf = spur != nullptr ? spur->AMI.emplace() : eigen;
     calc::AMISpur* zeilenspur = spur != nullptr ? &lauf : nullptr;
@@ -34,15 +35,17 @@ void Berechnung_AMI(const store::DatabasePtr& database, std::int32_t ID, calc::S
     calc::Mengenindex(calc::Block::Makroalgen, makroalgen.Zeilen, lauf.AMI, zeilenspur);
     if (makroalgen.Luecke) {
         makroalgen.Luecke->ID_Art = Schuldiger(db, calc::abfragen::MengeMakroalgeOhneDeckung(ID));
-        calc::NullFehler(db, ID, *makroalgen.Luecke);
+        calc::Pruefen(ort, makroalgen, calc::Block::Makroalgen);
     }
 
     auto bestaende = LiesMengen(db, calc::abfragen::MengeBestaende(ID));
     calc::Mengenindex(calc::Block::Mischbestaende, bestaende.Zeilen, lauf.AMI, zeilenspur);
     if (bestaende.Luecke) {
-        bestaende.Luecke->ID_TR_MI = Schuldiger(db, calc::abfragen::MengeBestandOhneDeckung(ID));
-        calc::NullFehler(db, ID, *bestaende.Luecke);
+        calc::Pruefen(ort, bestaende, calc::Block::Mischbestaende,
+                      Schuldiger(db, calc::abfragen::MengeBestandOhneDeckung(ID)));
     }
+
+    lauf.Fertig = true;
 
     // Without KAOnly in the filter: the first row of the sub-habitat is the one that is written.
     const auto zeile = db.OpenRecordset("SELECT AMI FROM awaErgProjekt WHERE ID=" + store::NumberText(ID));

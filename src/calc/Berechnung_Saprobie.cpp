@@ -30,7 +30,7 @@ void BlockMakroalgen(const Aufruf& aufruf, SaprobieSpur& lauf, SaprobieSpur* spu
         });
     calc::Makroalgen(lesung.Zeilen, lauf.Basis.DG_Gesamt, lauf.Summen, store::Thread().GueteklasseAnzahl,
                      spur);
-    calc::Pruefen(aufruf, lesung);
+    calc::Pruefen(aufruf, lesung, calc::Block::Makroalgen);
 }
 
 void BlockMischbestaende(const Aufruf& aufruf, SaprobieSpur& lauf, SaprobieSpur* spur) {
@@ -43,7 +43,7 @@ void BlockMischbestaende(const Aufruf& aufruf, SaprobieSpur& lauf, SaprobieSpur*
                     felder.Schluessel(0), {felder.Zahl(1)}, felder.Zahl(2), felder.Zahl(3)};
             });
         calc::Mischbestand(lesung.Zeilen, bestand, lauf.Summen, spur);
-        calc::Pruefen(aufruf, lesung, bestand.ID_TR_MI);
+        calc::Pruefen(aufruf, lesung, calc::Block::Mischbestaende, bestand.ID_TR_MI);
     });
 }
 
@@ -53,7 +53,7 @@ void KlassenMischbestaende(const Aufruf& aufruf, SaprobieSpur* spur) {
             return calc::KlassenartSap{felder.Schluessel(0), felder.Zahl(1)};
         });
     calc::MischbestandKlassen(lesung.Zeilen, store::Thread().GueteklasseAnzahl, spur);
-    calc::Pruefen(aufruf, lesung);
+    calc::Pruefen(aufruf, lesung, calc::Block::Mischbestaende);
 }
 
 void BlockKieselalgen(const Aufruf& aufruf, SaprobieSpur& lauf, SaprobieSpur* spur) {
@@ -65,7 +65,7 @@ void BlockKieselalgen(const Aufruf& aufruf, SaprobieSpur& lauf, SaprobieSpur* sp
         });
     calc::Kieselalgen(lesung.Zeilen, lauf.Basis.Summe_KA, lauf.Summen, store::Thread().GueteklasseAnzahl,
                       spur);
-    calc::Pruefen(aufruf, lesung);
+    calc::Pruefen(aufruf, lesung, calc::Block::Schalen);
 }
 
 /// The taxa counts of the row, each written as it is counted, in the order of the columns.
@@ -143,7 +143,8 @@ void SchreibeZeile(const store::DatabasePtr& database, const Aufruf& aufruf, con
 
 void Berechnung_Saprobie(const store::DatabasePtr& database, std::int32_t ID, bool /*ValenzGewicht*/,
                          bool IstWRRL, bool DebugModus, bool KAOnly, calc::Spur* spur) {
-    const Aufruf aufruf{calc::Vorhanden(database), ID, IstWRRL, DebugModus, KAOnly};
+    constexpr std::string_view routine = "Berechnung_Saprobie";
+    const Aufruf aufruf{{calc::Vorhanden(database, routine), routine, ID}, IstWRRL, DebugModus, KAOnly};
     // The working values and their trace are one struct; the lists of rows in it fill only where a trace is
     // asked for.
     SaprobieSpur eigen;
@@ -163,6 +164,7 @@ void Berechnung_Saprobie(const store::DatabasePtr& database, std::int32_t ID, bo
     calc::LiesSchalensumme(aufruf, lauf.Basis);
     if (lauf.Basis.Summe_KA.Anzahl > 0) BlockKieselalgen(aufruf, lauf, zeilenspur);
     if (DebugModus) MeldungSummen("KA: ", lauf.Summen.GewichtSI_KA, lauf.Summen.Gewicht_KA);
+    lauf.Fertig = true;
     SchreibeZeile(database, aufruf, lauf, spur);
 }
 

@@ -31,7 +31,7 @@ void BlockMakroalgen(const Aufruf& aufruf, TrophieSpur& lauf, TrophieSpur* spur)
             return calc::MakroalgeTroph{felder.Schluessel(0), {felder.Zahl(1)}, LiesWerte(felder)};
         });
     calc::Makroalgen(lesung.Zeilen, lauf.Basis.DG_Gesamt, lauf.Summen, spur);
-    calc::Pruefen(aufruf, lesung);
+    calc::Pruefen(aufruf, lesung, calc::Block::Makroalgen);
 }
 
 void BlockMischbestaende(const Aufruf& aufruf, TrophieSpur& lauf, TrophieSpur* spur) {
@@ -52,7 +52,7 @@ void BlockMischbestaende(const Aufruf& aufruf, TrophieSpur& lauf, TrophieSpur* s
                 MeldungSummen(lauf.Summen);
             }
         }
-        calc::Pruefen(aufruf, lesung, bestand.ID_TR_MI);
+        calc::Pruefen(aufruf, lesung, calc::Block::Mischbestaende, bestand.ID_TR_MI);
     });
 }
 
@@ -64,7 +64,7 @@ void BlockKieselalgen(const Aufruf& aufruf, TrophieSpur& lauf, TrophieSpur* spur
             return calc::KieselalgeTroph{felder.Schluessel(0), {felder.Ganzzahl(1)}, LiesWerte(felder)};
         });
     calc::Kieselalgen(lesung.Zeilen, lauf.Basis.Summe_KA, lauf.Summen, spur);
-    calc::Pruefen(aufruf, lesung);
+    calc::Pruefen(aufruf, lesung, calc::Block::Schalen);
 }
 
 void SchreibeZeile(const Aufruf& aufruf, const calc::TrophieSummen& summen) {
@@ -85,7 +85,8 @@ void SchreibeZeile(const Aufruf& aufruf, const calc::TrophieSummen& summen) {
 
 void Berechnung_Trophie(const store::DatabasePtr& database, std::int32_t ID, bool IstWRRL, bool DebugModus,
                         bool KAOnly, calc::Spur* spur) {
-    const Aufruf aufruf{calc::Vorhanden(database), ID, IstWRRL, DebugModus, KAOnly};
+    constexpr std::string_view routine = "Berechnung_Trophie";
+    const Aufruf aufruf{{calc::Vorhanden(database, routine), routine, ID}, IstWRRL, DebugModus, KAOnly};
     TrophieSpur eigen;
     TrophieSpur& lauf = spur != nullptr ? spur->Trophie.emplace() : eigen;
     TrophieSpur* zeilenspur = spur != nullptr ? &lauf : nullptr;
@@ -97,6 +98,7 @@ void Berechnung_Trophie(const store::DatabasePtr& database, std::int32_t ID, boo
     }
     calc::LiesSchalensumme(aufruf, lauf.Basis);
     if (lauf.Basis.Summe_KA.Anzahl > 0) BlockKieselalgen(aufruf, lauf, zeilenspur);
+    lauf.Fertig = true;
     SchreibeZeile(aufruf, lauf.Summen);
 }
 

@@ -59,8 +59,10 @@ double Gesamtdeckung(store::Database& database, std::int32_t ID_TR, bool IstWRRL
     return gesamt;
 }
 
-double Schalensumme(store::Database& database, std::int32_t ID_TR, bool IstWRRL) {
-    const auto zeilen = database.OpenRecordset(calc::abfragen::Schalensumme(ID_TR, IstWRRL));
+/// All counted valves. The sum of the assessment variant is no base: it leaves out unrated taxa, and would
+/// show an index that rests on a few valves as one that rests on all of them.
+double AlleSchalen(store::Database& database, std::int32_t ID_TR) {
+    const auto zeilen = database.OpenRecordset(calc::abfragen::Schalensumme(ID_TR, false));
     const double summe = zeilen->Eof() ? 0 : Zahl((*zeilen)[0]);
     zeilen->Close();
     return summe;
@@ -87,11 +89,11 @@ std::optional<double> Prozent(double teil, double ganzes) {
 }  // namespace
 
 Coverage CoverageOf(const store::DatabasePtr& database, std::int32_t ID_TR, bool IstWRRL) {
-    auto& db = calc::Vorhanden(database);
+    auto& db = calc::Vorhanden(database, "CoverageOf");
     Getragen schalen;
     Sammeln(db, calc::abfragen::Kieselalgen(ID_TR, IstWRRL, Werte), 1, false, schalen);
     const Getragen deckung = Deckung(db, ID_TR, IstWRRL);
-    const double alleSchalen = Schalensumme(db, ID_TR, IstWRRL);
+    const double alleSchalen = AlleSchalen(db, ID_TR);
     const double gesamt = Gesamtdeckung(db, ID_TR, IstWRRL);
     return {{Prozent(schalen.Saprobic, alleSchalen), Prozent(deckung.Saprobic, gesamt)},
             {Prozent(schalen.Trophic, alleSchalen), Prozent(deckung.Trophic, gesamt)},

@@ -1,6 +1,7 @@
 #include "calc/Erklaerung.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace FX_Algen::calc {
 namespace {
@@ -75,6 +76,58 @@ ExplainedTerm Posten(const Beitrag& beitrag, Zuordnung& zuordnung) {
     return posten;
 }
 
+/// The finding, or the whole stand, at which a routine failed.
+///
+/// A taxon can have several findings in a block. The failing one agrees with its row in taxon and abundance;
+/// where findings agree in both, they are as interchangeable as those that counted.
+class Abbruchstelle {
+public:
+    Abbruchstelle(const Erklaerungsbasis& basis, std::string_view routine) {
+        if (basis.Abbruch == nullptr || basis.Abbruch->Routine() != routine) return;
+        const auto& stelle = basis.Abbruch->Stelle();
+        if (!stelle.Woher) return;  // a cover of the sub-habitat itself
+        block_ = OeffentlicherBlock(*stelle.Woher);
+        if (stelle.ID_Art) {
+            SucheFund(basis.Funde.Funde, stelle);
+        } else {
+            bestand_ = stelle.ID_TR_MI;
+        }
+    }
+    bool IstFund(std::size_t i, SampleBlock block) const { return fund_ == i && block_ == block; }
+    bool IstBestand(std::int32_t ID_TR_MI) const { return bestand_ == ID_TR_MI; }
+
+private:
+    /// What a row without abundance can stand for: a macroalga without cover in the quantity index, or a
+    /// stand's taxon in the class counts.
+    bool OhneAbundanz(const Fund& fund) const {
+        if (block_ == SampleBlock::MixedStands) return fund.DG.value_or(0) > 0;
+        return !fund.DG && !AuslassregelMenge(fund);
+    }
+    void SucheFund(const std::vector<Fund>& funde, const NullStelle& stelle) {
+        for (std::size_t i = 0; i < funde.size() && !fund_; ++i) {
+            const auto& wer = funde[i].Wer;
+            if (wer.ID_ART != stelle.ID_Art || funde[i].ImBestand() != (block_ == SampleBlock::MixedStands)) {
+                continue;
+            }
+            if (stelle.ID_TR_MI && wer.ID_TR_MI != stelle.ID_TR_MI) continue;
+            if (stelle.Abundanz && Abundanz(funde[i], block_) != stelle.Abundanz) continue;
+            if (!stelle.Abundanz && !OhneAbundanz(funde[i])) continue;
+            fund_ = i;
+        }
+    }
+
+    SampleBlock block_ = SampleBlock::Macroalgae;
+    std::optional<std::size_t> fund_;
+    std::optional<std::int32_t> bestand_;
+};
+
+ExplainedFinding GanzerBestand(const Bestandszeile& bestand) {
+    ExplainedFinding fund;
+    fund.ID_TR_MI = bestand.ID_TR_MI;
+    fund.MI_Bez = bestand.MI_Bez;
+    return fund;
+}
+
 /// Blocks in which a finding could count. One without any abundance is named once, as what it was noted for.
 std::vector<SampleBlock> Moeglich(const Fund& fund, bool nurSchalen) {
     const bool schalen = fund.Schalen_KA.value_or(0) > 0;
@@ -97,11 +150,18 @@ ExplainedIndex ErklaereIndex(std::string spalte, const std::vector<Beitrag>& bei
         if (nurSchalen && beitrag.Woher != Block::Schalen) continue;
         index.Terms.push_back(Posten(beitrag, zuordnung));
     }
+    const Abbruchstelle abbruch(basis, mitAlgenart ? "Berechnung_Trophie" : "Berechnung_Saprobie");
+    for (const auto& bestand : basis.Funde.Bestaende) {
+        if (nurSchalen || !abbruch.IstBestand(bestand.ID_TR_MI)) continue;
+        index.LeftOut.push_back(
+            {SampleBlock::MixedStands, GanzerBestand(bestand), std::nullopt, LeftOutRule::FailedHere});
+    }
     const auto& funde = basis.Funde.Funde;
     for (std::size_t i = 0; i < funde.size(); ++i) {
         for (const auto block : Moeglich(funde[i], nurSchalen)) {
             if (zuordnung.Gezaehlt(i, block)) continue;
-            const auto regel = Auslassregel(funde[i], {block, mitAlgenart, basis.IstWRRL, basis.DG_Gesamt});
+            auto regel = Auslassregel(funde[i], {block, mitAlgenart, basis.IstWRRL, basis.DG_Gesamt});
+            if (abbruch.IstFund(i, block)) regel = LeftOutRule::FailedHere;
             index.LeftOut.push_back(
                 {block, funde[i].Wer, Abundanz(funde[i], block), regel.value_or(LeftOutRule::NotCalculated)});
         }
@@ -113,6 +173,7 @@ ExplainedIndex ErklaereMenge(const AMISpur& spur, const Erklaerungsbasis& basis)
     ExplainedIndex index;
     index.Column = "AMI";
     Zuordnung zuordnung(basis.Funde);
+    const Abbruchstelle abbruch(basis, "Berechnung_AMI");
     std::vector<bool> bestandGezaehlt(basis.Funde.Bestaende.size());
     const auto& bestaende = basis.Funde.Bestaende;
     for (const auto& beitrag : spur.Beitraege) {
@@ -146,19 +207,20 @@ ExplainedIndex ErklaereMenge(const AMISpur& spur, const Erklaerungsbasis& basis)
         const auto& fund = funde[i];
         const bool gemeint = fund.DG.value_or(0) > 0 || fund.SD_MA.value_or(0) > 0;
         if (fund.ImBestand() || !gemeint || zuordnung.Gezaehlt(i, SampleBlock::Macroalgae)) continue;
-        index.LeftOut.push_back({SampleBlock::Macroalgae, fund.Wer, fund.DG,
-                                 AuslassregelMenge(fund).value_or(LeftOutRule::NotCalculated)});
+        auto regel = AuslassregelMenge(fund);
+        if (abbruch.IstFund(i, SampleBlock::Macroalgae)) regel = LeftOutRule::FailedHere;
+        index.LeftOut.push_back(
+            {SampleBlock::Macroalgae, fund.Wer, fund.DG, regel.value_or(LeftOutRule::NotCalculated)});
     }
     for (std::size_t i = 0; i < bestaende.size(); ++i) {
         if (bestandGezaehlt[i]) continue;
-        ExplainedFinding bestand;
-        bestand.ID_TR_MI = bestaende[i].ID_TR_MI;
-        bestand.MI_Bez = bestaende[i].MI_Bez;
+        auto regel = LeftOutRule::NoLayer;
+        if (bestaende[i].SD_MI.value_or(0) > 0) regel = LeftOutRule::NotCalculated;
+        if (abbruch.IstBestand(bestaende[i].ID_TR_MI)) regel = LeftOutRule::FailedHere;
         index.LeftOut.push_back(
-            {SampleBlock::MixedStands, bestand, bestaende[i].DG_MI,
-             bestaende[i].SD_MI.value_or(0) > 0 ? LeftOutRule::NotCalculated : LeftOutRule::NoLayer});
+            {SampleBlock::MixedStands, GanzerBestand(bestaende[i]), bestaende[i].DG_MI, regel});
     }
-    index.ValueSum = spur.AMI;
+    if (spur.Fertig) index.ValueSum = spur.AMI;
     return index;
 }
 

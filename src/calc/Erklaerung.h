@@ -6,6 +6,7 @@
 
 #include "FX_Algen/Explain.h"
 #include "calc/Funde.h"
+#include "calc/Lesen.h"
 #include "calc/Spur.h"
 
 /// Turns the trace of a calculation into explanations of its indices: gives each counted row its finding
@@ -17,6 +18,8 @@ struct Erklaerungsbasis {
     const Probe& Funde;
     bool IstWRRL = false;
     std::optional<Gesamtdeckung> DG_Gesamt;  ///< absent where it was not entered
+    /// Where the calculation failed, if a Null ended it.
+    const NullImWert* Abbruch = nullptr;
 };
 
 /// An index over the blocks, from its contributions. `nurSchalen`: of the diatoms alone.

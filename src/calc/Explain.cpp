@@ -1,6 +1,7 @@
 // Explanation of a sub-habitat: a rerun of the routines themselves inside a savepoint that is undone.
 #include "FX_Algen/Explain.h"
 
+#include <algorithm>
 #include <array>
 
 #include "FX_Algen/Error.h"
@@ -20,6 +21,10 @@ constexpr std::array<std::string_view, 17> Spalten{
     "IstWRRL", "SapIndex",   "SapIndex_KA", "DG_Gesamt", "DG_Makroalgen", "Taxa",      "Taxa_KA",
     "Taxa_SI", "Taxa_SI_KA", "TaxaSap",     "TaxaTI",    "TaxaTI_N",      "TaxaTI_KA", "TI",
     "TI_N",    "TI_KA",      "AMI"};
+
+/// Those of them that count taxa.
+constexpr std::array<std::string_view, 8> Zaehlspalten{"Taxa",    "Taxa_KA", "Taxa_SI",  "Taxa_SI_KA",
+                                                       "TaxaSap", "TaxaTI",  "TaxaTI_N", "TaxaTI_KA"};
 
 constexpr std::array<std::string_view, 7> Klassennamen{"I", "I-II", "II", "II-III", "III", "III-IV", "IV"};
 
@@ -72,6 +77,7 @@ struct Rerun {
     calc::Spur Spur;
     Ergebnis Neu;
     std::optional<Explanation::Failure> Failed;
+    std::optional<calc::NullImWert> Abbruch;
 };
 
 Rerun Nachrechnen(const store::DatabasePtr& database, std::int32_t ID_TR, bool IstWRRL) {
@@ -81,6 +87,9 @@ Rerun Nachrechnen(const store::DatabasePtr& database, std::int32_t ID_TR, bool I
     database->Execute("DELETE * FROM awaErgProjekt WHERE ID=" + store::NumberText(ID_TR) + ";");
     try {
         Berechnung_Execute(database, ID_TR, IstWRRL, false, false, &rerun.Spur);
+    } catch (const calc::NullImWert& error) {
+        rerun.Abbruch = error;
+        rerun.Failed = Explanation::Failure{error.Number(), error.Description()};
     } catch (const Error& error) {
         rerun.Failed = Explanation::Failure{error.Number(), error.Description()};
     }
@@ -112,20 +121,21 @@ std::optional<float> Zahl(const store::Value& wert) {
 }
 
 /// Covers and valves of the sub-habitat, also where the calculation failed before it came to them.
-void ErklaereGrundlagen(store::Database& database, Explanation& explanation) {
+void ErklaereGrundlagen(store::Database& database, const calc::Probe& probe, Explanation& explanation) {
     const auto zeile = database.OpenRecordset(calc::abfragen::Teilraum(explanation.ID_TR));
     explanation.DG_Gesamt = Zahl((*zeile)[explanation.IstWRRL ? "DG_Gesamt_WRRL" : "DG_Gesamt"]);
     explanation.DG_Makroalgen = Zahl((*zeile)[explanation.IstWRRL ? "DG_MA_WRRL" : "DG_MA"]);
     zeile->Close();
+    for (const auto& fund : probe.Funde) explanation.Schalen += fund.Schalen_KA.value_or(0);
     calc::Grundlagen basis;
-    calc::LiesSchalensumme({database, explanation.ID_TR, explanation.IstWRRL}, basis);
+    calc::LiesSchalensumme({{database, "Explain", explanation.ID_TR}, explanation.IstWRRL}, basis);
     explanation.Summe_KA = basis.Summe_KA.Anzahl;
 }
 
 void ErklaereBestaende(const calc::Probe& probe, const calc::Grundlagen& basis, Explanation& explanation) {
     for (const auto& bestand : probe.Bestaende) {
         ExplainedStand stand{bestand.ID_TR_MI, bestand.MI_Bez,
-                             explanation.IstWRRL ? bestand.DG_MI_WRRL : bestand.DG_MI, 0};
+                             explanation.IstWRRL ? bestand.DG_MI_WRRL : bestand.DG_MI, std::nullopt};
         for (const auto& gelesen : basis.Bestaende) {
             if (gelesen.ID_TR_MI == bestand.ID_TR_MI)
                 stand.SharePercent = static_cast<double>(gelesen.Anteil.Prozent);
@@ -135,21 +145,25 @@ void ErklaereBestaende(const calc::Probe& probe, const calc::Grundlagen& basis, 
 }
 
 void ErklaereIndizes(const calc::Spur& spur, const calc::Erklaerungsbasis& basis, Explanation& explanation) {
-    const auto anfuegen = [&](ExplainedIndex index, const calc::Summe32& gewichte,
+    const auto anfuegen = [&](const auto& lauf, ExplainedIndex index, const calc::Summe32& gewichte,
                               const calc::Summe32& werte) {
-        index.WeightSum = static_cast<double>(gewichte.Wert());
-        index.ValueSum = static_cast<double>(werte.Wert());
+        if (lauf.Fertig) {
+            index.WeightSum = static_cast<double>(gewichte.Wert());
+            index.ValueSum = static_cast<double>(werte.Wert());
+        }
         explanation.Indices.push_back(std::move(index));
     };
     const auto sap = spur.Saprobie.value_or(calc::SaprobieSpur{});
-    anfuegen(ErklaereIndex("SapIndex", sap.Beitraege, false, false, basis), sap.Summen.Gewicht,
+    anfuegen(sap, ErklaereIndex("SapIndex", sap.Beitraege, false, false, basis), sap.Summen.Gewicht,
              sap.Summen.GewichtSI);
-    anfuegen(ErklaereIndex("SapIndex_KA", sap.Beitraege, false, true, basis), sap.Summen.Gewicht_KA,
+    anfuegen(sap, ErklaereIndex("SapIndex_KA", sap.Beitraege, false, true, basis), sap.Summen.Gewicht_KA,
              sap.Summen.GewichtSI_KA);
     const auto troph = spur.Trophie.value_or(calc::TrophieSpur{});
-    anfuegen(ErklaereIndex("TI", troph.TI, true, false, basis), troph.Summen.TI, troph.Summen.TI_S);
-    anfuegen(ErklaereIndex("TI_N", troph.TI_N, true, false, basis), troph.Summen.TI_N, troph.Summen.TI_N_S);
-    anfuegen(ErklaereIndex("TI_KA", troph.TI, true, true, basis), troph.Summen.TI_KA, troph.Summen.TI_KA_S);
+    anfuegen(troph, ErklaereIndex("TI", troph.TI, true, false, basis), troph.Summen.TI, troph.Summen.TI_S);
+    anfuegen(troph, ErklaereIndex("TI_N", troph.TI_N, true, false, basis), troph.Summen.TI_N,
+             troph.Summen.TI_N_S);
+    anfuegen(troph, ErklaereIndex("TI_KA", troph.TI, true, true, basis), troph.Summen.TI_KA,
+             troph.Summen.TI_KA_S);
     explanation.Indices.push_back(ErklaereMenge(spur.AMI.value_or(calc::AMISpur{}), basis));
 }
 
@@ -160,11 +174,16 @@ void ErklaereZaehlungen(const calc::Spur& spur, const std::map<std::int32_t, std
         explanation.Classes.push_back(
             {std::string(calc::KlassenSpalten[i]), std::string(Klassennamen[i]), {}, {}});
     }
-    for (const auto& zaehlung : spur.Taxazahlen) {
-        ExplainedCount count{zaehlung.Spalte, {}, {}, {}};
-        for (const auto id : zaehlung.ID_Arten) {
-            const auto name = namen.find(id);
-            count.Taxa.push_back({id, name == namen.end() ? std::string() : name->second});
+    for (const auto spalte : Zaehlspalten) {
+        ExplainedCount count{std::string(spalte), {}, {}, {}};
+        const auto zaehlung =
+            std::find_if(spur.Taxazahlen.begin(), spur.Taxazahlen.end(),
+                         [&](const calc::Taxazaehlung& eine) { return eine.Spalte == spalte; });
+        if (zaehlung != spur.Taxazahlen.end()) {
+            for (const auto id : zaehlung->ID_Arten) {
+                const auto name = namen.find(id);
+                count.Taxa.push_back({id, name == namen.end() ? std::string() : name->second});
+            }
         }
         explanation.Counts.push_back(std::move(count));
     }
@@ -181,7 +200,7 @@ void TrageEin(Teile& teile, const Ergebnis& neu, const Ergebnis& alt) {
 }  // namespace
 
 Explanation Explain(const store::DatabasePtr& database, std::int32_t ID_TR) {
-    auto& db = calc::Vorhanden(database);
+    auto& db = calc::Vorhanden(database, "Explain");
     const auto id = store::NumberText(ID_TR);
     Explanation explanation;
     explanation.ID_TR = ID_TR;
@@ -198,11 +217,13 @@ Explanation Explain(const store::DatabasePtr& database, std::int32_t ID_TR) {
 
     const auto probe = calc::LiesProbe(db, ID_TR);
     const auto basis = rerun.Spur.Saprobie ? rerun.Spur.Saprobie->Basis : calc::Grundlagen{};
-    ErklaereGrundlagen(db, explanation);
+    ErklaereGrundlagen(db, probe, explanation);
     ErklaereBestaende(probe, basis, explanation);
     const auto gesamt =
         explanation.DG_Gesamt ? std::optional(calc::Gesamtdeckung{*explanation.DG_Gesamt}) : std::nullopt;
-    ErklaereIndizes(rerun.Spur, {probe, explanation.IstWRRL, gesamt}, explanation);
+    ErklaereIndizes(rerun.Spur,
+                    {probe, explanation.IstWRRL, gesamt, rerun.Abbruch ? &*rerun.Abbruch : nullptr},
+                    explanation);
     ErklaereZaehlungen(rerun.Spur, calc::Artnamen(probe), explanation);
     TrageEin(explanation.Indices, rerun.Neu, alt);
     TrageEin(explanation.Classes, rerun.Neu, alt);

@@ -1,8 +1,6 @@
 #include "calc/Lesen.h"
 
-#include <string_view>
-
-#include "FX_Algen/Error.h"
+#include <utility>
 
 namespace FX_Algen::calc {
 namespace {
@@ -30,7 +28,13 @@ std::string Nummer(std::int32_t id) { return store::NumberText(id); }
 
 }  // namespace
 
-void NullFehler(store::Database& database, std::int32_t ID_TR, const NullStelle& stelle) {
+NullImWert::NullImWert(std::string_view routine, const std::string& ursache, NullStelle stelle)
+    : Error(ErrorNumber::InvalidUseOfNull, std::string(routine) + ": " + ursache, stelle.Anweisung),
+      routine_(routine),
+      stelle_(std::move(stelle)) {}
+
+void NullFehler(const Ort& ort, const NullStelle& stelle) {
+    auto& database = ort.Datenbank;
     std::string text = "Invalid use of Null: " + stelle.Tabelle + "." + stelle.Feld + " is Null";
     if (stelle.ID_Art) {
         const auto id = Nummer(*stelle.ID_Art);
@@ -42,14 +46,17 @@ void NullFehler(store::Database& database, std::int32_t ID_TR, const NullStelle&
         text += stelle.ID_Art ? " in mixed stand " : " for mixed stand ";
         text += id + Name(database, "SELECT MI_Bez FROM awaTeilraum_MI WHERE ID_TR_MI=" + id + ";");
     }
-    const auto id = Nummer(ID_TR);
+    const auto id = Nummer(ort.ID_TR);
     text += stelle.ID_Art || stelle.ID_TR_MI ? ", sub-habitat " : " for sub-habitat ";
     text += id + Name(database, "SELECT TRBez FROM Teilraum WHERE ID_TR=" + id + ";");
-    throw Error(ErrorNumber::InvalidUseOfNull, text);
+    throw NullImWert(ort.Routine, text, stelle);
 }
 
-store::Database& Vorhanden(const store::DatabasePtr& database) {
-    if (!database) throw Error(ErrorNumber::NotADatabase, "The calculation was given no database");
+store::Database& Vorhanden(const store::DatabasePtr& database, std::string_view operation) {
+    if (!database) {
+        throw Error(ErrorNumber::NotADatabase,
+                    std::string(operation) + ": the calculation was given no database");
+    }
     return *database;
 }
 

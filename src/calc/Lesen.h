@@ -4,9 +4,12 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "FX_Algen/Error.h"
 #include "FX_Algen/Store.h"
+#include "calc/Spur.h"
 
 /// Reading of the rows of a step as plain rows, and the failure of a Null among them.
 namespace FX_Algen::calc {
@@ -15,16 +18,38 @@ namespace FX_Algen::calc {
 struct NullStelle {
     std::string Tabelle;
     std::string Feld;
+    std::string Anweisung;  ///< statement that delivered the row
     std::optional<std::int32_t> ID_Art;
     std::optional<std::int32_t> ID_TR_MI;
+    std::optional<Block> Woher;      ///< block of a finding or a stand
+    std::optional<double> Abundanz;  ///< of a finding, in the unit of its block
 };
 
-/// Fails with 94; the description names table, field, taxon and stand where there is one, and sub-habitat.
-/// The names are looked up here, since only a failure needs them.
-[[noreturn]] void NullFehler(store::Database& database, std::int32_t ID_TR, const NullStelle& stelle);
+/// The failure 94 of a routine, with its place for those who explain it.
+class NullImWert : public Error {
+public:
+    NullImWert(std::string_view routine, const std::string& ursache, NullStelle stelle);
+    const std::string& Routine() const noexcept { return routine_; }
+    const NullStelle& Stelle() const noexcept { return stelle_; }
 
-/// The database of a handle; 3343 where there is none.
-store::Database& Vorhanden(const store::DatabasePtr& database);
+private:
+    std::string routine_;
+    NullStelle stelle_;
+};
+
+/// What a routine works on, and under which name it fails.
+struct Ort {
+    store::Database& Datenbank;
+    std::string_view Routine;
+    std::int32_t ID_TR = 0;
+};
+
+/// Fails with 94; the description names routine, table, field, taxon and stand where there is one, and
+/// sub-habitat. The names are looked up here, since only a failure needs them.
+[[noreturn]] void NullFehler(const Ort& ort, const NullStelle& stelle);
+
+/// The database of a handle; 3343 with the name of the operation where there is none.
+store::Database& Vorhanden(const store::DatabasePtr& database, std::string_view operation);
 
 /// Fields of a recordset's current row as numbers; notes the first Null met.
 class Feldleser {
@@ -70,7 +95,11 @@ Lesung<Zeile> LiesZeilen(store::Database& database, const std::string& abfrage, 
         Zeile zeile = lies(felder);
         if (!felder.Vollstaendig()) {
             lesung.Luecke = felder.Luecke();
+            lesung.Luecke->Anweisung = abfrage;
             if constexpr (requires { zeile.ID_Art; }) lesung.Luecke->ID_Art = zeile.ID_Art;
+            if constexpr (requires { zeile.DG_MA; }) lesung.Luecke->Abundanz = zeile.DG_MA.Prozent;
+            if constexpr (requires { zeile.DG_MI; }) lesung.Luecke->Abundanz = zeile.DG_MI.Prozent;
+            if constexpr (requires { zeile.Schalen_KA; }) lesung.Luecke->Abundanz = zeile.Schalen_KA.Anzahl;
             break;
         }
         lesung.Zeilen.push_back(std::move(zeile));

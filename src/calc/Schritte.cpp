@@ -6,14 +6,19 @@
 namespace FX_Algen::calc {
 
 void LiesTeilraum(const Aufruf& aufruf, Grundlagen& basis) {
-    const auto zeilen = aufruf.Datenbank.OpenRecordset(abfragen::Teilraum(aufruf.ID_TR));
+    const auto abfrage = abfragen::Teilraum(aufruf.ID_TR);
+    const auto zeilen = aufruf.Datenbank.OpenRecordset(abfrage);
     if (!zeilen->Eof()) {
         Feldleser felder(*zeilen);
         basis.TeilraumGefunden = true;
         basis.DG_Gesamt = {
             felder.Zahl32(zeilen->FieldIndex(aufruf.IstWRRL ? "DG_Gesamt_WRRL" : "DG_Gesamt"))};
         basis.DG_Makroalgen = felder.Zahl32(zeilen->FieldIndex(aufruf.IstWRRL ? "DG_MA_WRRL" : "DG_MA"));
-        if (!felder.Vollstaendig()) NullFehler(aufruf.Datenbank, aufruf.ID_TR, felder.Luecke());
+        if (!felder.Vollstaendig()) {
+            auto luecke = felder.Luecke();
+            luecke.Anweisung = abfrage;
+            NullFehler(aufruf, luecke);
+        }
     }
     zeilen->Close();
 }
@@ -27,7 +32,9 @@ void LiesSchalensumme(const Aufruf& aufruf, Grundlagen& basis) {
 void Meldung(const std::string& text) { store::Port().Box("FX_Algen", text); }
 
 Bestandsleser::Bestandsleser(const Aufruf& aufruf)
-    : aufruf_(aufruf), zeilen_(aufruf.Datenbank.OpenRecordset(abfragen::Bestaende(aufruf.ID_TR))) {}
+    : aufruf_(aufruf),
+      abfrage_(abfragen::Bestaende(aufruf.ID_TR)),
+      zeilen_(aufruf.Datenbank.OpenRecordset(abfrage_)) {}
 
 Bestandsleser::~Bestandsleser() { zeilen_->Close(); }
 
@@ -40,8 +47,10 @@ std::optional<Bestand> Bestandsleser::Naechster(Gesamtdeckung gesamt) {
     bestand.DG_MI = {felder.Zahl(aufruf_.IstWRRL ? DG_MI_WRRL : DG_MI)};
     if (!felder.Vollstaendig()) {
         auto luecke = felder.Luecke();
+        luecke.Anweisung = abfrage_;
+        luecke.Woher = Block::Mischbestaende;
         luecke.ID_TR_MI = bestand.ID_TR_MI;
-        NullFehler(aufruf_.Datenbank, aufruf_.ID_TR, luecke);
+        NullFehler(aufruf_, luecke);
     }
     bestand.Anteil = Anteil(bestand.DG_MI, gesamt);
     zeilen_->MoveNext();

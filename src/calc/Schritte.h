@@ -12,9 +12,7 @@
 namespace FX_Algen::calc {
 
 /// What one call of a routine works on.
-struct Aufruf {
-    store::Database& Datenbank;
-    std::int32_t ID_TR = 0;
+struct Aufruf : Ort {
     bool IstWRRL = false;
     bool DebugModus = false;
     bool KAOnly = false;
@@ -28,11 +26,12 @@ void LiesSchalensumme(const Aufruf& aufruf, Grundlagen& basis);
 
 /// Fails with 94 where the reading of a block met a Null; to be called once the rows before it have counted.
 template <class Zeile>
-void Pruefen(const Aufruf& aufruf, Lesung<Zeile>& lesung,
+void Pruefen(const Ort& aufruf, Lesung<Zeile>& lesung, Block block,
              std::optional<std::int32_t> ID_TR_MI = std::nullopt) {
     if (!lesung.Luecke) return;
+    lesung.Luecke->Woher = block;
     lesung.Luecke->ID_TR_MI = ID_TR_MI;
-    NullFehler(aufruf.Datenbank, aufruf.ID_TR, *lesung.Luecke);
+    NullFehler(aufruf, *lesung.Luecke);
 }
 
 /// Shows a debug box.
@@ -49,6 +48,7 @@ public:
 
 private:
     const Aufruf& aufruf_;
+    std::string abfrage_;
     store::RecordsetPtr zeilen_;
 };
 

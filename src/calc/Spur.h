@@ -74,6 +74,7 @@ struct SaprobieSpur {
     std::vector<Beitrag> Beitraege;
     std::vector<Klassenzaehlung> Klassen;
     SaprobieSummen Summen;
+    bool Fertig = false;  ///< the sums are complete
 };
 
 /// Working sums of the trophic indices.
@@ -91,6 +92,7 @@ struct TrophieSpur {
     std::vector<Beitrag> TI;    ///< with the first pair of values
     std::vector<Beitrag> TI_N;  ///< the same findings with the second pair
     TrophieSummen Summen;
+    bool Fertig = false;  ///< the sums are complete
 };
 
 /// A macroalga or a whole mixed stand in the quantity index.
@@ -104,6 +106,7 @@ struct Mengenbeitrag {
 struct AMISpur {
     std::vector<Mengenbeitrag> Beitraege;
     double AMI = 0;
+    bool Fertig = false;  ///< the sum is complete
 };
 
 /// A taxa count, with the taxon of each row that it counted.

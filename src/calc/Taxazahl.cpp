@@ -162,13 +162,13 @@ double Zaehlen(store::Database& database, std::int32_t ID, std::int16_t Modus, b
 // one from a frequency list that was not built, is 0.
 double Taxazahl(const store::DatabasePtr& database, std::int32_t ID, std::int16_t Modus, bool IstWRRL,
                 std::string_view Kriterium, Taxazaehlung* spur) try {
-    return Zaehlen(calc::Vorhanden(database), ID, Modus, IstWRRL, Kriterium, spur);
+    return Zaehlen(calc::Vorhanden(database, "Taxazahl"), ID, Modus, IstWRRL, Kriterium, spur);
 } catch (const Error&) {
     return 0;
 }
 
 double Taxazahl_Sap(const store::DatabasePtr& database, std::int32_t ID, bool IstWRRL, Taxazaehlung* spur) {
-    auto& db = calc::Vorhanden(database);
+    auto& db = calc::Vorhanden(database, "Taxazahl_Sap");
     return Satzzahl(
         db,
         IstWRRL
@@ -183,7 +183,7 @@ double Taxazahl_TI(const store::DatabasePtr& database, std::int32_t ID, std::int
                    Taxazaehlung* spur) {
     constexpr std::string_view nurBewertbar =
         " AND ((awaModulStandard.Lebensform)=1) AND ((awaFamilie.ID_GRGR)<132)) ;";
-    auto& db = calc::Vorhanden(database);
+    auto& db = calc::Vorhanden(database, "Taxazahl_TI");
     const auto nummer = Nummer(ID);
     switch (Modus) {
         case 1:

@@ -40,6 +40,8 @@ Explanation OneMacroalga() {
     explanation.Sampled = true;
     explanation.DG_Gesamt = 50;
     explanation.DG_Makroalgen = 40;
+    explanation.Schalen = 1000;
+    explanation.Summe_KA = 1000.0F;
     explanation.Stands.push_back({1, "Belag", 10, 20});
     ExplainedIndex index;
     index.Column = "SapIndex";
@@ -64,6 +66,8 @@ TEST(ExplanationText, TellsBasisAndEachFindingOfAnIndex) {
     EXPECT_THAT(text, HasSubstr("Teilraum 11: Flüsse / 12.05.2026 / Strom\n"));
     EXPECT_THAT(text, HasSubstr("  Gesamtdeckung ohne Kieselalgen: 50 %\n"));
     EXPECT_THAT(text, HasSubstr("  Deckung der Makroalgen: 40 %\n"));
+    EXPECT_THAT(text, HasSubstr("  gezählte Schalen: 1000\n"));
+    EXPECT_THAT(text, Not(HasSubstr("davon in der Bewertung")));
     EXPECT_THAT(text, HasSubstr("  Mischbestand  Deckung [%]  Anteil [%]\n"));
     EXPECT_THAT(text, HasSubstr("  Belag             10,0000     20,0000\n"));
     EXPECT_THAT(text, HasSubstr("Saprobienindex (SapIndex)\n"));
@@ -94,6 +98,7 @@ TEST(ExplanationText, SaysWhyAFindingDidNotCount) {
         {LeftOutRule::OtherLebensform, "Lebensform zählt nach WRRL nicht"},
         {LeftOutRule::OtherMajorGroup, "Großgruppe zählt nach WRRL nicht"},
         {LeftOutRule::NoTaxonomy, "Systematik führt zu keiner Familie"},
+        {LeftOutRule::FailedHere, "hier abgebrochen: ein Wert fehlt (Null)"},
         {LeftOutRule::NotCalculated, "Berechnung vorher abgebrochen"},
     };
     for (const Case& c : cases) {
@@ -219,16 +224,49 @@ TEST(ExplanationText, TellsAFailureAndAMissingSample) {
     EXPECT_THAT(Printed(empty), Not(HasSubstr("SapIndex")));
 }
 
-TEST(ExplanationText, TellsACoverThatWasNotEnteredFrom0) {
-    Explanation explanation = OneMacroalga();
-    EXPECT_THAT(Printed(explanation), HasSubstr("Gesamtdeckung ohne Kieselalgen: 50 %\n"));
-    explanation.DG_Gesamt = 0;
-    explanation.DG_Makroalgen = std::nullopt;
-    EXPECT_THAT(Printed(explanation), HasSubstr("Gesamtdeckung ohne Kieselalgen: 0 %\n"));
-    EXPECT_THAT(Printed(explanation), HasSubstr("Deckung der Makroalgen: nicht eingetragen\n"));
-    EXPECT_THAT(Printed(explanation, English), HasSubstr("Cover of the macroalgae: not entered\n"));
-    EXPECT_EQ(ExplanationAsJson(explanation)["DG_Gesamt"], 0.0);
-    EXPECT_TRUE(ExplanationAsJson(explanation)["DG_Makroalgen"].is_null());
+TEST(ExplanationText, SaysNullAndNotCalculatedInsteadOfZero) {
+    Explanation failed = OneMacroalga();
+    failed.IstWRRL = true;
+    failed.DG_Gesamt.reset();
+    failed.Stands = {{1, "Belag", std::nullopt, std::nullopt}};
+    failed.Classes = {{"ANZ_Gueteklasse_I", "I", store::Value(), store::Value()}};
+    failed.Counts = {{"Taxa", {}, store::Value(), store::Value()}};
+    const std::string text = Printed(failed);
+    EXPECT_THAT(text, HasSubstr("  Gesamtdeckung ohne Kieselalgen: nicht eingetragen\n"));
+    EXPECT_THAT(text, HasSubstr("  Deckung der Makroalgen: 40 %\n"));
+    EXPECT_THAT(text, HasSubstr("  gezählte Schalen: 1000\n"));
+    EXPECT_THAT(text, testing::ContainsRegex("  Belag  +nicht eingetragen  nicht berechnet\n"));
+    EXPECT_THAT(text, testing::ContainsRegex("  I  +nicht berechnet"));
+    EXPECT_THAT(text, HasSubstr("  Taxa: nicht berechnet"));
+}
+
+TEST(ExplanationText, OfTheAssessmentTellsAllValvesAndThoseThatCount) {
+    Explanation assessed = OneMacroalga();
+    assessed.IstWRRL = true;
+    assessed.Summe_KA = 10.0F;
+    const std::string text = Printed(assessed);
+    EXPECT_THAT(text, HasSubstr("  gezählte Schalen: 1000\n  davon in der Bewertung: 10\n"));
+    EXPECT_THAT(Printed(assessed, English),
+                HasSubstr("  counted valves: 1000\n  of these in the assessment: 10\n"));
+}
+
+TEST(ExplanationJson, HoldsNullForWhatWasNotCalculated) {
+    Explanation failed = OneMacroalga();
+    EXPECT_EQ(ExplanationAsJson(failed)["Schalen"], 1000);
+    EXPECT_EQ(ExplanationAsJson(failed)["Summe_KA"], 1000);
+    EXPECT_EQ(ExplanationAsJson(failed)["Stands"][0]["SharePercent"], 20);
+    failed.DG_Gesamt.reset();
+    failed.DG_Makroalgen.reset();
+    failed.Stands[0].SharePercent.reset();
+    failed.Indices[0].WeightSum.reset();
+    failed.Indices[0].ValueSum.reset();
+    failed.Indices[0].LeftOut.push_back({SampleBlock::Valves, Macroalga(), 3.0, LeftOutRule::FailedHere});
+    const Json json = ExplanationAsJson(failed);
+    for (const char* name : {"DG_Gesamt", "DG_Makroalgen"}) EXPECT_TRUE(json[name].is_null()) << name;
+    EXPECT_TRUE(json["Stands"][0]["SharePercent"].is_null());
+    EXPECT_TRUE(json["Indices"][0]["WeightSum"].is_null());
+    EXPECT_TRUE(json["Indices"][0]["ValueSum"].is_null());
+    EXPECT_EQ(json["Indices"][0]["LeftOut"][0]["Rule"], "FailedHere");
 }
 
 TEST(ExplanationJson, HoldsTheSameStructure) {

@@ -70,6 +70,26 @@ TEST(BerechnungSaprobie, WithoutTotalCoverSkipsMacroalgaeAndStandsButNotTheClass
     EXPECT_THAT(db.Klassen(TR), ElementsAre(0, 0, 1, 0, 0, 0, 0));
 }
 
+TEST(BerechnungSaprobie, WithANegativeTotalCoverSkipsMacroalgaeAndStandsToo) {
+    Testdatenbank db;
+    db.Teilraum(TR, {-40, 0, 0, 0});
+    db.Stelle(1, TR);
+    db.Art(1, Sap(3, 1));
+    db.Art(2, Sap(2, 1));
+    db.Art(3, Sap(1, 1), 128);
+    db.Fund(1, 1, {10, 0, 0, false});
+    db.Fund(1, 3, {0, 4, 0, false});
+    db.Bestand(5, TR, 10);
+    db.Bestandsart(5, 2, 100);
+    Rechne(db);
+    // diatom alone: 100 * 1 / 100. Read all the same, the macroalga would add 10/-40*100 = -25 and -25 * 3 =
+    // -75, the stand 10/-40*100 = -25, 100 percent of it -25 and -25 * 2 = -50: (100 - 75 - 50) / 50 = -0.5
+    EXPECT_EQ(db.Ergebnis(TR, "SapIndex"), store::Value(1.0F));
+    EXPECT_EQ(db.Ergebnis(TR, "DG_Gesamt"), store::Value(-40.0F));
+    // the macroalga (III) is not counted, the taxon of the stand (II) and the diatom (I) are
+    EXPECT_THAT(db.Klassen(TR), ElementsAre(1, 0, 1, 0, 0, 0, 0));
+}
+
 TEST(BerechnungSaprobie, WeighsStandsByTheirShareOfTheTotalCover) {
     Testdatenbank db;
     db.Teilraum(TR, {40, 0, 0, 0});

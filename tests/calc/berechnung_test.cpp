@@ -3,7 +3,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
+
+#include "FX_Algen/Coverage.h"
 #include "FX_Algen/Error.h"
+#include "FX_Algen/Explain.h"
 #include "calc/Testdatenbank.h"
 
 namespace FX_Algen {
@@ -64,8 +68,10 @@ TEST(BerechnungExecute, LeavesUnwrittenColumnsAtTheirDefault) {
     FuelleEinfach(db, 17);
     Berechnung_Execute(db.Datenbank(), 17, false, false, false);
     for (const char* spalte :
-         {"XENO", "OLIGO", "OLIGOBETA", "BETA", "BETAALPHA", "ALPHA", "ALPHAPOLY", "POLY", "KUMXENO",
-          "KUMPOLY", "TAXAMA", "TAXAMI", "TAXAKA", "SapIndex_W", "SI_Streuung_W"}) {
+         {"XENO",         "OLIGO",   "OLIGOBETA", "BETA",         "BETAALPHA",  "ALPHA",        "ALPHAPOLY",
+          "POLY",         "KUMXENO", "KUMOLIGO",  "KUMOLIGOBETA", "KUMBETA",    "KUMBETAALPHA", "KUMALPHA",
+          "KUMALPHAPOLY", "KUMPOLY", "TAXAMA",    "TAXAMI",       "TAXAKA",     "XENO_W",       "OLIGO_W",
+          "BETA_W",       "ALPHA_W", "POLY_W",    "TAXA_SI_W",    "SapIndex_W", "SI_Streuung_W"}) {
         EXPECT_TRUE(db.Ergebnis(17, spalte).IsNull()) << spalte;
     }
 }
@@ -143,10 +149,29 @@ TEST(CheckIstKA, AnswersWhetherADiatomOnlyAssessmentStands) {
     EXPECT_FALSE(CheckIstKA(db.Datenbank(), 18));
 }
 
-TEST(Berechnung, WithoutDatabaseFails) {
-    const auto fehler = Fehlschlag([] { Berechnung_Execute(nullptr, 17, false, false, false); });
-    ASSERT_TRUE(fehler.has_value());
-    EXPECT_EQ(fehler->Number(), ErrorNumber::NotADatabase);
+TEST(Berechnung, WithoutDatabaseFailsAndNamesTheOperation) {
+    struct Fall {
+        const char* Operation;
+        std::function<void()> Aufruf;
+    };
+    const Fall faelle[] = {
+        {"Berechnung_Init", [] { Berechnung_Init(nullptr); }},
+        {"Berechnung_Execute", [] { Berechnung_Execute(nullptr, 17, false, false, false); }},
+        {"Berechnung_Saprobie", [] { Berechnung_Saprobie(nullptr, 17, false, false, false, false); }},
+        {"Berechnung_Trophie", [] { Berechnung_Trophie(nullptr, 17, false, false, false); }},
+        {"Berechnung_AMI", [] { Berechnung_AMI(nullptr, 17); }},
+        {"CheckIstKA", [] { CheckIstKA(nullptr, 17); }},
+        {"Taxazahl_Sap", [] { Taxazahl_Sap(nullptr, 17, false); }},
+        {"Taxazahl_TI", [] { Taxazahl_TI(nullptr, 17, 1, false); }},
+        {"CoverageOf", [] { CoverageOf(nullptr, 17); }},
+        {"Explain", [] { Explain(nullptr, 17); }},
+    };
+    for (const auto& fall : faelle) {
+        const auto fehler = Fehlschlag(fall.Aufruf);
+        ASSERT_TRUE(fehler.has_value()) << fall.Operation;
+        EXPECT_EQ(fehler->Number(), ErrorNumber::NotADatabase) << fall.Operation;
+        EXPECT_THAT(fehler->Description(), testing::StartsWith(std::string(fall.Operation) + ": "));
+    }
 }
 
 }  // namespace

@@ -72,6 +72,24 @@ TEST(BerechnungTrophie, LeavesTaxaWithoutAlgenartOutOfAllButTheValves) {
     EXPECT_EQ(db.Ergebnis(TR, "TI_KA"), store::Value(3.0F));
 }
 
+TEST(BerechnungTrophie, WithANegativeTotalCoverStillCountsTheValvesAlone) {
+    Testdatenbank db;
+    db.Teilraum(TR, {-40, 0, 0, 0});
+    db.Stelle(1, TR);
+    db.Art(1, Troph(3, 1, 3, 1));
+    db.Art(2, Troph(2, 1, 2, 1));
+    db.Art(3, Troph(1, 1, 1, 1), 128);
+    db.Fund(1, 1, {10, 0, 0, false});
+    db.Fund(1, 3, {0, 4, 0, false});
+    db.Bestand(5, TR, 10);
+    db.Bestandsart(5, 2, 100);
+    Rechne(db);
+    // diatom alone: 100 * 1 / 100; with the others at shares of -25 each (100 - 75 - 50) / 50 = -0.5
+    for (const char* spalte : {"TI", "TI_N", "TI_KA"}) {
+        EXPECT_EQ(db.Ergebnis(TR, spalte), store::Value(1.0F)) << spalte;
+    }
+}
+
 TEST(BerechnungTrophie, WithoutTotalCoverStillCountsTheValves) {
     Testdatenbank db;
     db.Teilraum(TR, {0, 0, 0, 0});

@@ -38,11 +38,39 @@ TEST(Coverage, IsThePartThatCarriesWeightAndValue) {
     EXPECT_DOUBLE_EQ(coverage.Trophic.CoverPercent.value(), 50);
     EXPECT_DOUBLE_EQ(coverage.Trophic_N.CoverPercent.value(), 40);
 
-    // assessment: valves with ratings and life form 1 are those of 3 alone; covers of 20 percent, stand 10:
-    // saprobic 10 + 2 + 5 = 17 -> 85 percent
+    // assessment: of all 100 valves only the 30 of 3 have ratings and life form 1; covers of 20 percent,
+    // stand 10: saprobic 10 + 2 + 5 = 17 -> 85 percent
     const auto bewertung = CoverageOf(db.Datenbank(), TR, true);
-    EXPECT_DOUBLE_EQ(bewertung.Saprobic.ValvesPercent.value(), 100);
+    EXPECT_DOUBLE_EQ(bewertung.Saprobic.ValvesPercent.value(), 30);
+    EXPECT_DOUBLE_EQ(bewertung.Trophic.ValvesPercent.value(), 30);
     EXPECT_DOUBLE_EQ(bewertung.Saprobic.CoverPercent.value(), 85);
+}
+
+TEST(Coverage, RelatesToEveryValveAndCoverThatWasNotedInBothVariants) {
+    // 10 rated valves of 1000: 1 percent. The rest belongs to an unrated taxon and to one of another life
+    // form. Cover likewise: 1 of 100.
+    Testdatenbank db;
+    db.Teilraum(TR, {100, 100, 100, 100});
+    db.Stelle(1, TR);
+    db.Art(1, {2, 1, 3, 1, 2, 1, "benthisch", 1}, 128);
+    db.ArtOhneWerte(2, 128);
+    db.Art(3, {0, 0, 0, 0, 0, 0, "benthisch", 2}, 128);
+    db.Fund(1, 1, {0, 10, 0, false});
+    db.Fund(1, 2, {0, 600, 0, false});
+    db.Fund(1, 3, {0, 390, 0, false});
+    db.Art(4, {2, 1, 3, 1, 2, 1, "benthisch", 1});
+    db.ArtOhneWerte(5);
+    db.Art(6, {0, 0, 0, 0, 0, 0, "benthisch", 2});
+    db.Fund(1, 4, {1, 0, 0, false});
+    db.Fund(1, 5, {60, 0, 0, false});
+    db.Fund(1, 6, {39, 0, 0, false});
+    for (const bool IstWRRL : {false, true}) {
+        const auto coverage = CoverageOf(db.Datenbank(), TR, IstWRRL);
+        for (const auto& teil : {coverage.Saprobic, coverage.Trophic, coverage.Trophic_N}) {
+            EXPECT_DOUBLE_EQ(teil.ValvesPercent.value(), 1) << IstWRRL;
+            EXPECT_DOUBLE_EQ(teil.CoverPercent.value(), 1) << IstWRRL;
+        }
+    }
 }
 
 TEST(Coverage, IsAbsentWhereThereIsNothingToRelateItTo) {

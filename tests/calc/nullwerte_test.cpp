@@ -8,7 +8,9 @@
 namespace FX_Algen {
 namespace {
 
+using testing::EndsWith;
 using testing::HasSubstr;
+using testing::StartsWith;
 
 constexpr std::int32_t TR = 17;
 
@@ -35,8 +37,9 @@ struct Fall {
     const char* Feld;
     const char* Bedingung;
     bool IstWRRL;
-    const char* Taxon;  ///< part of the description
-    Stufe Geschrieben;  ///< how far the row was filled before the failure
+    const char* Taxon;      ///< part of the description
+    Stufe Geschrieben;      ///< how far the row was filled before the failure, and so the failing routine
+    const char* Anweisung;  ///< end of the statement that delivered the Null
 };
 
 class NullImWert : public testing::TestWithParam<Fall> {};
@@ -53,6 +56,12 @@ TEST_P(NullImWert, FailsWith94AndNamesItsPlace) {
     EXPECT_THAT(fehler->Description(), HasSubstr(std::string(fall.Tabelle) + "." + fall.Feld));
     EXPECT_THAT(fehler->Description(), HasSubstr(fall.Taxon));
     EXPECT_THAT(fehler->Description(), HasSubstr("sub-habitat 17 (Blöcke 17)"));
+    // Whose failure it is, and the statement that delivered the Null: it still does.
+    const char* const routinen[] = {"Berechnung_Saprobie: ", "Berechnung_Trophie: ", "Berechnung_AMI: "};
+    EXPECT_THAT(fehler->Description(), StartsWith(routinen[static_cast<int>(fall.Geschrieben)]));
+    EXPECT_THAT(fehler->Statement(), StartsWith("SELECT "));
+    EXPECT_THAT(fehler->Statement(), EndsWith(fall.Anweisung)) << fall.Beschreibung;
+    EXPECT_FALSE(db.Datenbank()->OpenRecordset(fehler->Statement())->Eof()) << fall.Beschreibung;
     // The row stays as far as it was filled.
     ASSERT_TRUE(db.HatErgebnis(TR));
     EXPECT_EQ(db.Ergebnis(TR, "SapIndex").IsNull(), fall.Geschrieben < Stufe::Saprobie) << fall.Beschreibung;
@@ -61,32 +70,40 @@ TEST_P(NullImWert, FailsWith94AndNamesItsPlace) {
 }
 
 const Fall faelle[] = {
-    {"total cover", "awaTeilraum", "DG_Gesamt", "ID_TR=17", false, "", Stufe::Nichts},
-    {"macroalgae cover", "awaTeilraum", "DG_MA", "ID_TR=17", false, "", Stufe::Nichts},
-    {"total cover of the assessment", "awaTeilraum", "DG_Gesamt_WRRL", "ID_TR=17", true, "", Stufe::Nichts},
+    {"total cover", "awaTeilraum", "DG_Gesamt", "ID_TR=17", false, "", Stufe::Nichts,
+     "WHERE ((awaTeilraum.ID_TR=17));"},
+    {"macroalgae cover", "awaTeilraum", "DG_MA", "ID_TR=17", false, "", Stufe::Nichts,
+     "WHERE ((awaTeilraum.ID_TR=17));"},
+    {"total cover of the assessment", "awaTeilraum", "DG_Gesamt_WRRL", "ID_TR=17", true, "", Stufe::Nichts,
+     "WHERE ((awaTeilraum.ID_TR=17));"},
     {"weight of a macroalga", "awaModulStandard", "Sap_GBer", "ID_ART=1", false, "taxon 1 (Gattung1 grün1)",
-     Stufe::Nichts},
+     Stufe::Nichts, "(awaArtPrStelle.DG_MA>0));"},
     {"value of a macroalga", "awaModulStandard", "SI", "ID_ART=1", false, "taxon 1 (Gattung1 grün1)",
-     Stufe::Nichts},
+     Stufe::Nichts, "(awaArtPrStelle.DG_MA>0));"},
     {"value in a stand", "awaModulStandard", "SI", "ID_ART=2", false,
-     "taxon 2 (Gattung2 grün2) in mixed stand 5 (Belag 5)", Stufe::Nichts},
+     "taxon 2 (Gattung2 grün2) in mixed stand 5 (Belag 5)", Stufe::Nichts,
+     "(awaArtPrStelle_MI.ID_TR_MI=5));"},
     {"value of a diatom", "awaModulStandard", "SI", "ID_ART=3", false, "taxon 3 (Gattung3 grün3)",
-     Stufe::Nichts},
+     Stufe::Nichts, "(awaArtPrStelle.Schalen_KA>0));"},
     {"cover of a stand", "awaTeilraum_MI", "DG_MI", "ID_TR_MI=5", false, "mixed stand 5 (Belag 5)",
-     Stufe::Nichts},
+     Stufe::Nichts, "Where awaTeilraum_MI.ID_TR = 17 ORDER BY awaTeilraum_MI.ID_TR_MI;"},
     {"cover of a stand of the assessment", "awaTeilraum_MI", "DG_MI_WRRL", "ID_TR_MI=5", true,
-     "mixed stand 5 (Belag 5)", Stufe::Nichts},
+     "mixed stand 5 (Belag 5)", Stufe::Nichts,
+     "Where awaTeilraum_MI.ID_TR = 17 ORDER BY awaTeilraum_MI.ID_TR_MI;"},
     {"trophic weight of a macroalga", "awaModulStandard", "Trophiegewicht", "ID_ART=1", false,
-     "taxon 1 (Gattung1 grün1)", Stufe::Saprobie},
+     "taxon 1 (Gattung1 grün1)", Stufe::Saprobie,
+     "(awaArtPrStelle.DG_MA>0) AND (awaModulStandard.Algenart<>''));"},
     {"trophic value in a stand", "awaModulStandard", "Trophiewert", "ID_ART=2", false,
-     "taxon 2 (Gattung2 grün2) in mixed stand 5", Stufe::Saprobie},
+     "taxon 2 (Gattung2 grün2) in mixed stand 5", Stufe::Saprobie,
+     "(awaArtPrStelle_MI.ID_TR_MI=5) AND (awaModulStandard.Algenart<>''));"},
     {"second trophic value of a diatom", "awaModulStandard", "Trophiewert_N", "ID_ART=3", false, "taxon 3",
-     Stufe::Saprobie},
+     Stufe::Saprobie, "(awaArtPrStelle.Schalen_KA>0));"},
     {"second trophic weight of a diatom", "awaModulStandard", "Trophiegewicht_N", "ID_ART=3", false,
-     "taxon 3", Stufe::Saprobie},
+     "taxon 3", Stufe::Saprobie, "(awaArtPrStelle.Schalen_KA>0));"},
     // without cover the macroalga is in no block but that of the quantity index
     {"cover of a macroalga with a layer", "awaArtPrStelle", "DG_MA", "ID_ART=1", false,
-     "taxon 1 (Gattung1 grün1)", Stufe::Trophie},
+     "taxon 1 (Gattung1 grün1)", Stufe::Trophie,
+     "(awaArtPrStelle.SD_MA>0) AND (awaModulStandard.Algenart<>''));"},
 };
 INSTANTIATE_TEST_SUITE_P(Fields, NullImWert, testing::ValuesIn(faelle));
 
@@ -101,6 +118,24 @@ TEST(NullImBestand, FailsTheQuantityIndexOnItsOwn) {
     EXPECT_THAT(fehler->Description(), HasSubstr("awaTeilraum_MI.DG_MI is Null for mixed stand 5 (Belag 5)"));
     EXPECT_FALSE(db.Ergebnis(TR, "TI").IsNull());
     EXPECT_TRUE(db.Ergebnis(TR, "AMI").IsNull());
+}
+
+TEST(NullImBestand, WithoutTotalCoverFailsTheQuantityIndexAlone) {
+    for (const bool mitSchicht : {true, false}) {
+        Testdatenbank db;
+        Fuelle(db);
+        db.Ausfuehren("UPDATE awaTeilraum SET DG_Gesamt=0 WHERE ID_TR=17;");
+        if (!mitSchicht) db.Ausfuehren("UPDATE awaTeilraum_MI SET SD_MI=0 WHERE ID_TR_MI=5;");
+        db.SetzeNull("awaTeilraum_MI", "DG_MI", "ID_TR_MI=5");
+        const auto fehler = Fehlschlag([&] { Berechnung_Execute(db.Datenbank(), TR, false, false, false); });
+        ASSERT_EQ(fehler.has_value(), mitSchicht);
+        if (fehler) {
+            EXPECT_THAT(fehler->Description(), StartsWith("Berechnung_AMI: "));
+        }
+        // the diatom alone: 100 * 2 / 100
+        EXPECT_EQ(db.Ergebnis(TR, "SapIndex"), store::Value(2.0F));
+        EXPECT_EQ(db.Ergebnis(TR, "TI"), store::Value(2.0F));
+    }
 }
 
 TEST(NullImBestand, FailsEvenWhereTheStandHasNoTaxa) {

@@ -77,6 +77,48 @@ TEST(SaprobieSummen, RoundTo32BitsAtEachRow) {
     EXPECT_EQ(summen.GewichtSI.Wert(), 16777300.0F);
 }
 
+// The order of the factors decides the last digit of a 32-bit sum where the exact term lies half way between
+// two 32-bit floats. The terms are large, so that such ones can be followed by hand; the right order meets
+// the half way exactly and goes to the even neighbour, w * SI misses it by one step of a 64-bit float.
+TEST(SaprobieReihenfolge, OfMacroalgaeMultipliesTheValueBeforeItDivides) {
+    // 852580 * 5 = 4262900, * 1.5 = 6394350, / 3 = 2131450, * 100 = 213145000: exact throughout. 32-bit
+    // floats lie 16 apart there; 213145000 / 16 = 13321562.5 goes to the even 13321562, 13321562 * 16 =
+    // 213144992. w = 4262900 / 3 * 100 = 142096666.6666667, * 1.5 = 213145000.00000003 would go up to
+    // 213145008.
+    SaprobieSummen summen;
+    Klassenzahlen klassen{};
+    Makroalgen(std::vector<MakroalgeSap>{{1, {852580}, 5, 1.5}}, {3}, summen, klassen, nullptr);
+    EXPECT_EQ(summen.GewichtSI.Wert(), 213144992.0F);
+}
+
+TEST(SaprobieReihenfolge, OfMixedStandsMultipliesTheValueBeforeTheShare) {
+    // 6697880 * 5 = 33489400, * 1.1 = 36838340, * 65 = 2394492100, / 100 = 23944921 (33489400 * 1.1 rounds to
+    // 36838340 in 64 bits). 32-bit floats lie 2 apart; 23944921 / 2 = 11972460.5 goes to the even 11972460.
+    // w = 33489400 * 65 / 100 = 21768110, * 1.1 = 23944921.000000004 would go up to 23944922.
+    SaprobieSummen summen;
+    Mischbestand(std::vector<BestandsartSap>{{1, {6697880}, 5, 1.1}}, {1, Deckung{65}, AnteilMI{65}}, summen,
+                 nullptr);
+    EXPECT_EQ(summen.GewichtSI.Wert(), 23944920.0F);
+}
+
+TEST(SaprobieReihenfolge, OfDiatomsMultipliesTheValueBeforeItDivides) {
+    // 958469 * 4 = 3833876, * 3.5 = 13418566, / 7 = 1916938, * 100 = 191693800: exact throughout. 32-bit
+    // floats lie 16 apart; 191693800 / 16 = 11980862.5 goes to the even 11980862, * 16 = 191693792.
+    // w = 3833876 / 7 * 100 = 54769657.14285715, * 3.5 = 191693800.00000003 would go up to 191693808.
+    SaprobieSummen summen;
+    Klassenzahlen klassen{};
+    Kieselalgen(std::vector<KieselalgeSap>{{1, {958469}, 4, 3.5}}, {7}, summen, klassen, nullptr);
+    EXPECT_EQ(summen.GewichtSI.Wert(), 191693792.0F);
+    EXPECT_EQ(summen.GewichtSI_KA.Wert(), 191693792.0F);
+}
+
+TEST(SaprobieReihenfolge, OfTheShareOfAStandDividesBeforeItMultiplies) {
+    // 18690561 / 30 = 623018.7, which 64 bits hold a little too low: * 100 = 62301869.99999999. 32-bit floats
+    // lie 4 apart, half way between 62301868 and 62301872 is 62301870: it goes down. 1869056100 / 30 =
+    // 62301870 would meet the half way exactly and go to 62301872, the even one (15575468 * 4).
+    EXPECT_EQ(Anteil(Deckung{18690561}, Gesamtdeckung{30}).Prozent, 62301868.0F);
+}
+
 TEST(SaprobieKlassen, CountATaxonOnceForEachRunOfEqualNeighbours) {
     struct Zaehlfall {
         const char* Beschreibung;

@@ -146,5 +146,52 @@ TEST_F(Taxastatistik, FromTheFrequencyListCountsTheColumnOfTheSubHabitat) {
     EXPECT_EQ(Taxazahl(db.Datenbank(), 18, 7, false), 0);  // no column for this sub-habitat
 }
 
+/// Every taxon is rated in full but 4. Taxa: 1 counts everywhere; 2 has another life form, 3 is of group 132,
+/// 7 of group 133; 4 is a diatom without ratings, 5 a diatom of another life form, 6 a diatom that counts.
+class TaxazahlenDerZeile : public testing::Test {
+protected:
+    void SetUp() override {
+        db.Teilraum(TR, {40, 40, 40, 40});
+        db.Stelle(1, TR);
+        db.Art(1, MitWerten(2, 1, 2, 2));
+        db.Art(2, MitWerten(2, 1, 2, 2, 2));
+        db.Art(3, MitWerten(2, 1, 2, 2), 132);
+        db.ArtOhneWerte(4, 128);
+        db.Art(5, MitWerten(2, 1, 2, 2, 2), 128);
+        db.Art(6, MitWerten(2, 1, 2, 2), 128);
+        db.Art(7, MitWerten(2, 1, 2, 2), 133);
+        db.Ausfuehren("UPDATE awaModulStandard SET X=10;");
+        for (const std::int32_t art : {1, 2, 3, 7}) db.Fund(1, art, {10, 0, 0, false});
+        for (const std::int32_t art : {4, 5, 6}) db.Fund(1, art, {0, 5, 0, false});
+    }
+    Testdatenbank db;
+};
+
+TEST_F(TaxazahlenDerZeile, TakeTheVariantOrNotAsEachColumnSays) {
+    struct Fall {
+        const char* Spalte;
+        double Klassisch;
+        double Bewertung;
+    };
+    const Fall faelle[] = {
+        {"Taxa", 7, 2},        // 1 to 7; in the assessment 1 and 6
+        {"Taxa_KA", 3, 3},     // 4, 5 and 6 in both: the filters of the assessment would leave 6
+        {"Taxa_SI", 6, 2},     // all but 4; 1 and 6
+        {"Taxa_SI_KA", 2, 2},  // 5 and 6 in both
+        {"TaxaSap", 6, 2},     // as Taxa_SI
+        {"TaxaTI", 6, 2},      // as Taxa_SI
+        {"TaxaTI_N", 6, 2},    // as Taxa_SI
+        {"TaxaTI_KA", 2, 2},   // 5 and 6 in both
+    };
+    for (const bool IstWRRL : {false, true}) {
+        Berechnung_Init(db.Datenbank());
+        Berechnung_Execute(db.Datenbank(), TR, IstWRRL, false, false);
+        for (const auto& fall : faelle) {
+            EXPECT_EQ(db.Ergebnis(TR, fall.Spalte), store::Value(IstWRRL ? fall.Bewertung : fall.Klassisch))
+                << fall.Spalte << (IstWRRL ? ", assessment" : "");
+        }
+    }
+}
+
 }  // namespace
 }  // namespace FX_Algen

@@ -75,6 +75,36 @@ TEST(TrophieSummen, RoundTo32BitsAtEachRow) {
     }
 }
 
+// As for the saprobic sums, where the arithmetic is followed: the exact term lies half way between two 32-bit
+// floats, and weight * value, formed after the division, misses it by one step of a 64-bit float. Each pair
+// is tried on its own, beside a pair that has no weight.
+TEST(TrophieReihenfolge, MultipliesTheValueBeforeItDivides) {
+    for (const bool zweites : {false, true}) {
+        const auto paar = [&](double g, double t) {
+            return zweites ? Trophiewerte{0, 0, g, t} : Trophiewerte{g, t, 0, 0};
+        };
+        const auto summe = [&](const TrophieSummen& summen) {
+            return zweites ? summen.TI_N_S.Wert() : summen.TI_S.Wert();
+        };
+        // 852580 * 5 * 1.5 / 3 * 100 = 213145000, down to 213144992; the other order up to 213145008
+        TrophieSummen makro;
+        Makroalgen(std::vector<MakroalgeTroph>{{1, {852580}, paar(5, 1.5)}}, {3}, makro, nullptr);
+        EXPECT_EQ(summe(makro), 213144992.0F) << zweites;
+        // 6697880 * 5 * 1.1 * 65 / 100 = 23944921, down to 23944920; the other order up to 23944922
+        TrophieSummen bestand;
+        Mischbestand(std::vector<BestandsartTroph>{{1, {6697880}, paar(5, 1.1)}},
+                     {1, Deckung{65}, AnteilMI{65}}, bestand, nullptr);
+        EXPECT_EQ(summe(bestand), 23944920.0F) << zweites;
+        // 958469 * 4 * 3.5 / 7 * 100 = 191693800, down to 191693792; the other order up to 191693808
+        TrophieSummen kiesel;
+        Kieselalgen(std::vector<KieselalgeTroph>{{1, {958469}, paar(4, 3.5)}}, {7}, kiesel, nullptr);
+        EXPECT_EQ(summe(kiesel), 191693792.0F) << zweites;
+        if (!zweites) {
+            EXPECT_EQ(kiesel.TI_KA_S.Wert(), 191693792.0F);
+        }
+    }
+}
+
 TEST(TrophieSpur, KeepsBothPairsOfAFinding) {
     TrophieSummen summen;
     TrophieSpur spur;
