@@ -29,8 +29,9 @@ public:
     }
     void Create(const std::string& path, store::DatabaseKind kind) {
         store::CreateDatabase(path, kind);
-        paths_.push_back(path);
+        Add(path);
     }
+    void Add(const std::string& path) { paths_.push_back(path); }
     void Keep() { kept_ = true; }
     const std::vector<std::string>& Paths() const { return paths_; }
 
@@ -55,19 +56,22 @@ public:
         app.add_option("PROJECT", project_, "Project database to create")->required();
         app.add_flag("--demo", demo_, "Fill it with the demonstration project");
         app.add_option("--main", main_, "Also create the main database, which holds menu groups");
-        app.add_option("--report", report_, "Also create the report database");
+        app.add_option("--report", report_,
+                       "Also create the report database; its label tables come with the reports");
     }
 
     Exit Execute(Streams& streams) override {
         NewDatabases made;
-        made.Create(project_, store::DatabaseKind::Project);
-        if (!main_.empty()) made.Create(main_, store::DatabaseKind::Main);
-        if (!report_.empty()) made.Create(report_, store::DatabaseKind::Report);
         if (demo_) {
             const auto result = LoadWithProgress(
-                streams, [&](const auto& progress) { return store::LoadDemo(project_, progress); });
+                streams, [&](const auto& progress) { return store::CreateDemoDatabase(project_, progress); });
             if (!TellProblems(result, Name(), streams)) return Exit::Failed;
+            made.Add(project_);
+        } else {
+            made.Create(project_, store::DatabaseKind::Project);
         }
+        if (!main_.empty()) made.Create(main_, store::DatabaseKind::Main);
+        if (!report_.empty()) made.Create(report_, store::DatabaseKind::Report);
         made.Keep();
         for (const auto& path : made.Paths()) streams.Out << path << '\n';
         return Exit::Done;

@@ -57,10 +57,11 @@ struct LoadResult {
 /// in one go, and the database changes only where there is none.
 ///
 /// Checked are names of files and columns, the number of fields, kinds and ranges of values, encoding, keys
-/// (missing, twice in a file, or in the table already) and references to rows that do not exist. A row that
-/// the new database came with and that nobody changed gives way to a row of the file with the same key.
-/// Fails with 53 where folder, files or database do not exist and with 3343 where the database is none of
-/// this layout version.
+/// (missing, twice in a file, or in the table already), equal rows of reference tables, and references to
+/// rows that do not exist. A row that the new database came with and that nobody changed takes on what a row
+/// of the file with the same key says; where `Auszug.csv` names the table, such rows go altogether. Files
+/// whose names begin with "." are not looked at. Fails with 53 where folder, files or database do not exist
+/// and with 3343 where the database is none of this layout version.
 LoadResult LoadFolder(const std::string& folder, const std::string& database,
                       const LoadOptions& options = {});
 
@@ -71,6 +72,10 @@ LoadResult LoadTexts(std::span<const LoadText> files, const std::string& databas
 /// Loads the demo project into a new project database.
 LoadResult LoadDemo(const std::string& database, const LoadProgress& progress = nullptr);
 
+/// Creates the project database `path` with the demo project in it. The file appears under its name only when
+/// the demo is in it; otherwise as `CreateDatabase`.
+LoadResult CreateDemoDatabase(const std::string& path, const LoadProgress& progress = nullptr);
+
 /// Writes one `<Table>.csv` a table into `folder`, which is made where it does not exist; files of the same
 /// name are replaced. Rows come in the order of their keys, tables without a key in the order in which they
 /// hold their rows; the same database gives the same bytes. Loading the files into a new database, or with
@@ -78,10 +83,15 @@ LoadResult LoadDemo(const std::string& database, const LoadProgress& progress = 
 ///
 /// Where rows refer to a row that was deleted, or a counter stands above its highest key, the file
 /// `GeloeschteSchluessel.csv` names those keys, so that loading accepts the references and does not give the
-/// numbers out again.
+/// numbers out again. A dump of all tables also writes `Auszug.csv`, which names them: loading it replaces
+/// what a new database came with.
 ///
-/// `tables` names the tables without regard to case; none = all. Fails with 53 where the database does not
-/// exist or a file cannot be written, with 3078 where a table does not exist, with 3343 as above.
+/// The files take their names together at the end, so that a dump that fails leaves an older one as it was.
+///
+/// `tables` names the tables without regard to case; none = all. Chosen tables leave the other files of the
+/// folder alone, and `GeloeschteSchluessel.csv` keeps its other lines. Fails with 13 where a cell does not
+/// hold what its column is declared for (all such cells are told), with 53 where the database does not exist
+/// or a file cannot be written, with 3078 where a table does not exist, with 3343 as above.
 std::vector<TableRows> Dump(const std::string& database, const std::string& folder,
                             std::span<const std::string> tables = {});
 

@@ -1,6 +1,8 @@
 #include "store/Layout.h"
 
+#include <array>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <random>
 #include <string>
@@ -29,6 +31,25 @@ std::string_view Folder(DatabaseKind kind) {
     return "project/";
 }
 
+constexpr std::array Companions{"-wal", "-journal", "-shm"};
+
+/// Fails where the name is taken, or where a database of this name left files behind: the engine would take
+/// them for those of the new one and write the old content over it.
+void RefuseTaken(const fs::path& target) {
+    const auto exists = [](const fs::path& path) {
+        std::error_code failure;
+        return fs::exists(fs::symlink_status(path, failure));
+    };
+    if (exists(target))
+        throw Error(ErrorNumber::NotADatabase,
+                    "Creating a database: the file exists already: " + target.string());
+    for (const char* suffix : Companions)
+        if (exists(target.string() + suffix))
+            throw Error(ErrorNumber::NotADatabase,
+                        "Creating a database: " + target.string() + suffix +
+                            " is left over from another database of this name; move it away first");
+}
+
 /// A file in the making beside its later place, so that renaming it never crosses a file system. Whatever is
 /// left of it goes when the object does.
 class FileInTheMaking {
@@ -36,10 +57,9 @@ public:
     explicit FileInTheMaking(const fs::path& target)
         : path_(target.string() + ".new-" + std::to_string(std::random_device{}())) {}
     ~FileInTheMaking() {
-        for (const char* suffix : {"", "-journal", "-wal", "-shm"}) {
-            std::error_code ignored;
-            fs::remove(path_.string() + suffix, ignored);
-        }
+        std::error_code ignored;
+        fs::remove(path_, ignored);
+        for (const char* suffix : Companions) fs::remove(path_.string() + suffix, ignored);
     }
     FileInTheMaking(const FileInTheMaking&) = delete;
     FileInTheMaking& operator=(const FileInTheMaking&) = delete;
@@ -48,14 +68,16 @@ public:
 
     /// Gives the file its name, unless another file took it meanwhile.
     void Finish(const fs::path& target) const {
+        RefuseTaken(target);
         std::error_code error;
         fs::create_hard_link(path_, target, error);
         if (!error) return;
         // Some file systems know no hard links: there the check and the renaming are two steps.
-        if (fs::exists(target))
-            throw Error(ErrorNumber::NotADatabase,
-                        "Creating a database: the file exists already: " + target.string());
-        fs::rename(path_, target);
+        RefuseTaken(target);
+        fs::rename(path_, target, error);
+        if (error)
+            throw Error(ErrorNumber::FileNotFound, "Creating a database: " + target.string() +
+                                                       " cannot be written: " + error.message() + ".");
     }
 
 private:
@@ -79,19 +101,26 @@ void CreateTables(Engine& engine, DatabaseKind kind) {
 }
 
 void CreateDatabase(const std::string& path, DatabaseKind kind) {
+    CreateDatabase(path, kind, [](const std::string&) { return true; });
+}
+
+void CreateDatabase(const std::string& path, DatabaseKind kind,
+                    const std::function<bool(const std::string&)>& fill) {
+    if (path.empty())
+        throw Error(ErrorNumber::FileNotFound, "Creating a database: the name of the file is empty");
     const fs::path target(path);
-    if (fs::exists(target))
-        throw Error(ErrorNumber::NotADatabase, "Creating a database: the file exists already: " + path);
-    if (const fs::path folder = target.parent_path(); !folder.empty() && !fs::is_directory(folder))
+    std::error_code failure;
+    if (const fs::path folder = target.parent_path(); !folder.empty() && !fs::is_directory(folder, failure))
         throw Error(ErrorNumber::FileNotFound,
                     "Creating a database: the folder does not exist: " + folder.string());
+    RefuseTaken(target);
 
     const FileInTheMaking file(target);
     {
         const std::unique_ptr<Engine> engine = OpenEngine(file.Path(), true);
         CreateTables(*engine, kind);
     }
-    file.Finish(target);
+    if (fill(file.Path())) file.Finish(target);
 }
 
 }  // namespace FX_Algen::store

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <string>
 
 #include "FX_Algen/Create.h"
 
@@ -14,5 +16,10 @@ inline constexpr std::int32_t LayoutVersion = 1;
 
 /// Puts tables, triggers and first rows of `kind` into an open, empty database, in one transaction.
 void CreateTables(Engine& engine, DatabaseKind kind);
+
+/// As the public `CreateDatabase`, and `fill` puts rows into the file before it takes its name. Where `fill`
+/// answers false or fails, no database is left behind.
+void CreateDatabase(const std::string& path, DatabaseKind kind,
+                    const std::function<bool(const std::string&)>& fill);
 
 }  // namespace FX_Algen::store

@@ -119,6 +119,19 @@ void AppendNewRow(RecordsetState& state, std::int64_t id) {
     if (!state.Gone.empty()) state.Gone.push_back(false);
 }
 
+/// The engine numbers a lone integer key by itself where it is left out, as if it were a counter.
+void NeedKey(const RecordsetState& state, const std::vector<std::size_t>& fields) {
+    const auto& name = state.Shape->Sources.front().Table;
+    const auto* table = state.Store->Tables().FindTable(name);
+    const auto* key = table == nullptr ? nullptr : dialect::LoneKey(*table);
+    const bool given = std::any_of(fields.begin(), fields.end(), [&](std::size_t field) {
+        return state.Shape->Origins[field]->IsKey && !state.Edited[field].IsNull();
+    });
+    if (key != nullptr && !given)
+        throw Error(ErrorNumber::InvalidUseOfNull,
+                    "Invalid use of Null: " + name + "." + key->Name + " needs a value.");
+}
+
 Value CounterOf(const RecordsetState& state, std::int64_t id) {
     const auto* table = state.Store->Tables().FindTable(state.Shape->Sources.front().Table);
     if (table == nullptr) return {};
@@ -154,6 +167,7 @@ void WriteNewRow(RecordsetState& state) {
     const auto& shape = *state.Shape;
     const auto& table = shape.Sources.front().Table;
     const auto fields = EditedFields(state, 0);
+    NeedKey(state, fields);
     std::string names;
     std::string places;
     for (const auto field : fields) {

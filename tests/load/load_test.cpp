@@ -32,7 +32,10 @@ TEST(Load, WritesTheRowsOfAllFilesAndTellsTheirNumber) {
 
 TEST(Load, ColumnsThatTheHeaderDoesNotNameTakeTheirDefaults) {
     TestDatabase db;
-    EXPECT_EQ(Told(Load({{"Teilraum.csv", "ID_TR\n1\n"}, {"awaTeilraum.csv", "ID_TR,DG_MA\n1,\n"}}, db)), "");
+    db.Run("INSERT INTO VerUStelle (ID_VUS) VALUES (5)");
+    EXPECT_EQ(
+        Told(Load({{"Teilraum.csv", "ID_TR,ID_VUS\n1,5\n"}, {"awaTeilraum.csv", "ID_TR,DG_MA\n1,\n"}}, db)),
+        "");
     EXPECT_EQ(db.One("SELECT Anzeige FROM Teilraum"), "-1");
     EXPECT_EQ(db.One("SELECT DG_Gesamt, DG_MA FROM awaTeilraum"), "0.0|Null");
 }
@@ -50,25 +53,29 @@ TEST(Load, NamesOfFilesAndColumnsAreReadWithoutRegardToCase) {
 
 TEST(Load, ACounterFillsAnEmptyKey) {
     TestDatabase db;
-    EXPECT_EQ(Told(Load({{"Projekt.csv", "ID_PRJ,PRJBez\n7,Sieben\n,Acht\n"}}, db)), "");
-    EXPECT_THAT(db.Rows("SELECT ID_PRJ FROM Projekt"), ElementsAre("7", "8"));
+    // The row without a key stands before the one whose number it would take.
+    EXPECT_EQ(Told(Load({{"Projekt.csv", "ID_PRJ,PRJBez\n,Acht\n1,Eins\n7,Sieben\n,Neun\n"}}, db)), "");
+    EXPECT_THAT(db.Rows("SELECT ID_PRJ, PRJBez FROM Projekt"),
+                ElementsAre("1|Eins", "7|Sieben", "8|Acht", "9|Neun"));
 }
 
 TEST(Load, AcceptsAByteOrderMarkSemicolonsDecimalCommasAndCarriageReturns) {
     TestDatabase db;
-    EXPECT_EQ(
-        Told(Load({{"Teilraum.csv", "\xEF\xBB\xBFID_TR;TRBez;Anzeige\r\n1;\"Links; Ufer\r\nunten\";1\r\n"},
-                   {"awaTeilraum.csv", "ID_TR;DG_Gesamt;MitBewuchsdichte\r\n1;12,5;0.5\r\n"}},
-                  db)),
-        "");
+    db.Run("INSERT INTO VerUStelle (ID_VUS) VALUES (5)");
+    EXPECT_EQ(Told(Load({{"Teilraum.csv",
+                          "\xEF\xBB\xBFID_TR;ID_VUS;TRBez;Anzeige\r\n1;5;\"Links; Ufer\r\nunten\";1\r\n"},
+                         {"awaTeilraum.csv", "ID_TR;DG_Gesamt;MitBewuchsdichte\r\n1;12,5;0.5\r\n"}},
+                        db)),
+              "");
     EXPECT_EQ(db.One("SELECT TRBez, Anzeige FROM Teilraum"), "Links; Ufer\r\nunten|-1");
     EXPECT_EQ(db.One("SELECT DG_Gesamt, MitBewuchsdichte FROM awaTeilraum"), "12.5|0.5");
 }
 
 TEST(Load, DatesAndTimesAreHeldAsIsoText) {
     TestDatabase db;
+    db.Run("INSERT INTO UnvUStelle (ID_UUS) VALUES (5)");
     EXPECT_EQ(Told(Load({{"VerUStelle.csv",
-                          "ID_VUS,USDatumVon,USDatumBis,USZeitVon\n1,12.05.2026,2026-05-13,9:30\n"}},
+                          "ID_VUS,ID_UUS,USDatumVon,USDatumBis,USZeitVon\n1,5,12.05.2026,2026-05-13,9:30\n"}},
                         db)),
               "");
     EXPECT_EQ(db.One("SELECT USDatumVon, USDatumBis, USZeitVon, USZeitBis FROM VerUStelle"),
@@ -153,13 +160,12 @@ INSTANTIATE_TEST_SUITE_P(
         BadCase{"KeyTwiceInFile",
                 {{"awaWRRL_ETI.csv", "Taxagruppe,TGZK,ErwarteterWert\nKA,A,1\nAlle,A,1\nKA,A,2\n"}},
                 "awaWRRL_ETI.csv:4:Taxagruppe: the key Taxagruppe 'KA', TGZK 'A' stands in line 2 already"},
-        BadCase{
-            "UniqueTwiceInFile",
-            {{"awaArt.csv", "ID_ART\n1\n"},
-             {"AL_Bioregion.csv", "ID_AL_Bioregion\n1\n"},
-             {"awaRefArt_TypB.csv", "ID_Art,ID_AL_Bioregion,ID_AL_Hoehenstufe\n1,1,\n1,1,\n1,1,0\n1,1,0\n"}},
-            "awaRefArt_TypB.csv:5:ID_Art: the key ID_Art 1, ID_AL_Bioregion 1, ID_AL_Hoehenstufe 0 stands in "
-            "line 4 already"},
+        BadCase{"UniqueTwiceInFile",
+                {{"awaArt.csv", "ID_ART\n1\n"},
+                 {"AL_Bioregion.csv", "ID_AL_Bioregion\n1\n"},
+                 {"AL_Hoehenstufe.csv", "ID_AL_Hoehenstufe\n2\n"},
+                 {"awaRefArt_TypB.csv", "ID_Art,ID_AL_Bioregion,ID_AL_Hoehenstufe\n1,1,\n1,1,2\n1,1,2\n"}},
+                "awaRefArt_TypB.csv:4:: the same row stands in line 3 already"},
         BadCase{"NotUtf8",
                 {{"Projekt.csv",
                   "ID_PRJ,PRJBez\n1,B\xE4"
@@ -181,8 +187,8 @@ INSTANTIATE_TEST_SUITE_P(
                 {{"Projekt.csv", "ID_PRJ,PRJBez\n1,\"a\"b\n"}},
                 "Projekt.csv:2:PRJBez: text stands behind a closing quote"},
         BadCase{"NoSuchParent",
-                {{"Abschnitt.csv", "ID_AB,ID_PRJ\n1,\n2,0\n3,4711\n"}},
-                "Abschnitt.csv:4:ID_PRJ: Projekt has no row with ID_PRJ 4711"},
+                {{"UnvUStelle.csv", "ID_UUS,ID_AB\n1,4711\n"}},
+                "UnvUStelle.csv:2:ID_AB: Abschnitt has no row with ID_AB 4711"},
         BadCase{"NoSuchLifeForm",
                 {{"awaArt.csv", "ID_ART\n1\n"}, {"awaModulStandard.csv", "ID_ART,Lebensform\n1,7\n"}},
                 "awaModulStandard.csv:2:Lebensform: awaAL_Lebensform has no row with ID_AL_Lebensform 7"},
@@ -204,10 +210,12 @@ TEST(BadInputs, AllProblemsOfAllFilesAreToldInOneGoAndSorted) {
     TestDatabase db;
     EXPECT_EQ(Told(Load({{"awaArtPrStelle.csv", "ID_PS,ID_ART,DG_MA,Schalen_KA\n1,1,x,y\n1,2,1,1\n9,1,1,1\n"},
                          {"awaPrStelle.csv", "ID_PS,ID_TR\n1,1\n"},
-                         {"Teilraum.csv", "ID_TR,Anzeige\n1,2\n"},
+                         {"VerUStelle.csv", "ID_VUS,ID_UUS\n5,5\n"},
+                         {"Teilraum.csv", "ID_TR,ID_VUS,Anzeige\n1,5,2\n"},
                          {"awaArt.csv", "ID_ART,ID_UFAM\n1,0\n1,0\n"}},
                         db)),
               "Teilraum.csv:2:Anzeige: '2' is not a boolean (-1, 0, 1, true or false)\n"
+              "VerUStelle.csv:2:ID_UUS: UnvUStelle has no row with ID_UUS 5\n"
               "awaArt.csv:3:ID_ART: the key ID_ART 1 stands in line 2 already\n"
               "awaArtPrStelle.csv:2:DG_MA: 'x' is not a number\n"
               "awaArtPrStelle.csv:2:Schalen_KA: 'y' is not a whole number\n"

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <memory>
@@ -21,7 +22,7 @@ public:
         std::string name = std::string(info->test_suite_name()) + "-" + info->name() + extra;
         for (char& c : name)
             if (c == '/') c = '-';
-        path_ = std::filesystem::path(testing::TempDir()) / ("fx_" + name);
+        path_ = std::filesystem::path(testing::TempDir()) / ("fx_" + name + "-" + std::to_string(getpid()));
         std::filesystem::remove_all(path_);
         std::filesystem::create_directories(path_);
     }

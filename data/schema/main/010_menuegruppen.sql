@@ -2,7 +2,7 @@
 
 -- A group of users.
 CREATE TABLE Menuegruppe (
-    ID_Menuegruppe INTEGER PRIMARY KEY AUTOINCREMENT,  -- menu group
+    ID_Menuegruppe INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_Menuegruppe <= 2147483647),  -- menu group
     Menuegruppe TEXT  -- name
 );
 CREATE INDEX Menuegruppe_Menuegruppe ON Menuegruppe (Menuegruppe);

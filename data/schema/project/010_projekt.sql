@@ -2,14 +2,14 @@
 
 -- A project of the host.
 CREATE TABLE Projekt (
-    ID_PRJ INTEGER PRIMARY KEY AUTOINCREMENT,  -- project
+    ID_PRJ INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_PRJ <= 2147483647),  -- project
     PRJBez TEXT,  -- name
     IstWGEV BOOLEAN DEFAULT 0 CHECK (IstWGEV IN (-1, 0))  -- the project follows the layout of the water-quality ordinance
 );
 
 -- A section of a project.
 CREATE TABLE Abschnitt (
-    ID_AB INTEGER PRIMARY KEY AUTOINCREMENT,  -- section
+    ID_AB INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_AB <= 2147483647),  -- section
     ID_PRJ INTEGER,  -- project
     ABBez TEXT,  -- name
     RF INTEGER  -- position in lists
@@ -18,7 +18,7 @@ CREATE INDEX Abschnitt_ID_PRJ ON Abschnitt (ID_PRJ);
 
 -- A survey station.
 CREATE TABLE UnvUStelle (
-    ID_UUS INTEGER PRIMARY KEY AUTOINCREMENT,  -- station
+    ID_UUS INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_UUS <= 2147483647),  -- station
     ID_AB INTEGER,  -- section
     USBez TEXT,  -- name
     Gewaessername TEXT,  -- name of the water body
@@ -36,7 +36,7 @@ CREATE INDEX UnvUStelle_ID_AL_Flussabschnitt ON UnvUStelle (ID_AL_Flussabschnitt
 
 -- A dated visit of a survey station.
 CREATE TABLE VerUStelle (
-    ID_VUS INTEGER PRIMARY KEY AUTOINCREMENT,  -- visit
+    ID_VUS INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_VUS <= 2147483647),  -- visit
     ID_UUS INTEGER,  -- station
     USDatumVon DATE,  -- first day
     USDatumBis DATE,  -- last day
@@ -47,7 +47,7 @@ CREATE INDEX VerUStelle_ID_UUS ON VerUStelle (ID_UUS);
 
 -- A sub-habitat: the unit of calculation. Its key is the ID of the result rows.
 CREATE TABLE Teilraum (
-    ID_TR INTEGER PRIMARY KEY AUTOINCREMENT,  -- sub-habitat
+    ID_TR INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_TR <= 2147483647),  -- sub-habitat
     ID_VUS INTEGER,  -- visit
     TRBez TEXT,  -- name
     RF INTEGER,  -- position in lists

@@ -16,7 +16,7 @@ CREATE TABLE awaTeilraum (
 
 -- A mixed stand of microalgae in a sub-habitat.
 CREATE TABLE awaTeilraum_MI (
-    ID_TR_MI INTEGER PRIMARY KEY AUTOINCREMENT,  -- stand
+    ID_TR_MI INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_TR_MI <= 2147483647),  -- stand
     ID_TR INTEGER,  -- sub-habitat
     MI_Bez TEXT,  -- name of the stand
     DG_MI FLOAT DEFAULT 0,  -- cover of the stand [percent of the sub-habitat]
@@ -28,7 +28,7 @@ CREATE INDEX awaTeilraum_MI_ID_TR ON awaTeilraum_MI (ID_TR);
 
 -- A sampling site within a sub-habitat.
 CREATE TABLE awaPrStelle (
-    ID_PS INTEGER PRIMARY KEY AUTOINCREMENT,  -- sampling site
+    ID_PS INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_PS <= 2147483647),  -- sampling site
     ID_TR INTEGER,  -- sub-habitat
     PSBez TEXT,  -- label
     Anzeige BOOLEAN DEFAULT -1 CHECK (Anzeige IN (-1, 0)),  -- marked for display

@@ -3,7 +3,7 @@
 -- A taxon; the two lowest levels of the taxonomy stand on it. A taxon is marked as deleted and never removed
 -- by the catalogue.
 CREATE TABLE awaArt (
-    ID_ART INTEGER PRIMARY KEY AUTOINCREMENT,  -- taxon
+    ID_ART INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_ART <= 2147483647),  -- taxon
     ID_UFAM INTEGER,  -- subfamily; 0 = none
     Gattung TEXT,  -- genus
     Untergattung TEXT,  -- subgenus
@@ -63,7 +63,7 @@ CREATE INDEX awaModulStandard_Algenart ON awaModulStandard (Algenart);
 
 -- A catalogue. The module lists and creates taxa in catalogue 1 only.
 CREATE TABLE awaKatalog (
-    ID_KAT INTEGER PRIMARY KEY AUTOINCREMENT,  -- catalogue
+    ID_KAT INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_KAT <= 2147483647),  -- catalogue
     KATBez TEXT  -- name
 );
 
@@ -84,7 +84,7 @@ CREATE INDEX awaArtAuswahl_Auswahl ON awaArtAuswahl (Auswahl);
 
 -- A picture of a taxon. The file stays where it is; the row holds its place.
 CREATE TABLE awaArtBild (
-    ID_ArtBild INTEGER PRIMARY KEY AUTOINCREMENT,  -- picture
+    ID_ArtBild INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_ArtBild <= 2147483647),  -- picture
     ID_Art INTEGER,  -- taxon
     Bildbezeichnung TEXT,  -- title
     Pfad TEXT,  -- folder
@@ -128,7 +128,7 @@ CREATE INDEX awaFundarchiv_ID_Art ON awaFundarchiv (ID_Art);
 
 -- A synonym of a taxon.
 CREATE TABLE awaSynArt (
-    ID_SYNART INTEGER PRIMARY KEY AUTOINCREMENT,  -- synonym
+    ID_SYNART INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_SYNART <= 2147483647),  -- synonym
     ID_SYN INTEGER,  -- accepted taxon
     SynGattung TEXT,  -- genus
     SynUntergattung TEXT,  -- subgenus
@@ -181,7 +181,7 @@ CREATE INDEX awaGrossGr_RF_Kieselalge ON awaGrossGr (RF_Kieselalge);
 
 -- Columns of the catalogue overview.
 CREATE TABLE awaKatalogfeldDefinition (
-    ID_Katalogfeld INTEGER PRIMARY KEY AUTOINCREMENT,  -- column definition
+    ID_Katalogfeld INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_Katalogfeld <= 2147483647),  -- column definition
     SpaltenIndex SMALLINT,  -- grid column that the row describes
     ResID_Label SMALLINT,  -- string number of the heading without the language base; 0 gives an empty head
     IstVisible BOOLEAN DEFAULT 0 CHECK (IstVisible IN (-1, 0)),  -- shown; a hidden column keeps width 1

@@ -2,14 +2,14 @@
 
 -- Level 1, Reich.
 CREATE TABLE awaReich (
-    ID_REICH INTEGER PRIMARY KEY AUTOINCREMENT,  -- kingdom
+    ID_REICH INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_REICH <= 2147483647),  -- kingdom
     Reich TEXT  -- name
 );
 CREATE INDEX awaReich_Reich ON awaReich (Reich);
 
 -- Level 2, Unterreich.
 CREATE TABLE awaUnterreich (
-    ID_UREICH INTEGER PRIMARY KEY AUTOINCREMENT,  -- subkingdom
+    ID_UREICH INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_UREICH <= 2147483647),  -- subkingdom
     ID_REICH INTEGER,  -- parent: kingdom
     Unterreich TEXT  -- name
 );
@@ -18,7 +18,7 @@ CREATE INDEX awaUnterreich_Unterreich ON awaUnterreich (Unterreich);
 
 -- Level 3, Stamm.
 CREATE TABLE awaStamm (
-    ID_STAMM INTEGER PRIMARY KEY AUTOINCREMENT,  -- phylum
+    ID_STAMM INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_STAMM <= 2147483647),  -- phylum
     ID_UREICH INTEGER,  -- parent: subkingdom
     Stamm TEXT  -- name
 );
@@ -27,7 +27,7 @@ CREATE INDEX awaStamm_Stamm ON awaStamm (Stamm);
 
 -- Level 4, Unterstamm.
 CREATE TABLE awaUnterstamm (
-    ID_USTAMM INTEGER PRIMARY KEY AUTOINCREMENT,  -- subphylum
+    ID_USTAMM INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_USTAMM <= 2147483647),  -- subphylum
     ID_STAMM INTEGER,  -- parent: phylum
     Unterstamm TEXT  -- name
 );
@@ -36,7 +36,7 @@ CREATE INDEX awaUnterstamm_Unterstamm ON awaUnterstamm (Unterstamm);
 
 -- Level 5, Überklasse.
 CREATE TABLE awaUeberklasse (
-    ID_UEKLASSE INTEGER PRIMARY KEY AUTOINCREMENT,  -- superclass
+    ID_UEKLASSE INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_UEKLASSE <= 2147483647),  -- superclass
     ID_USTAMM INTEGER,  -- parent: subphylum
     Ueberklasse TEXT  -- name
 );
@@ -45,7 +45,7 @@ CREATE INDEX awaUeberklasse_Ueberklasse ON awaUeberklasse (Ueberklasse);
 
 -- Level 6, Klasse.
 CREATE TABLE awaKlasse (
-    ID_KLASSE INTEGER PRIMARY KEY AUTOINCREMENT,  -- class
+    ID_KLASSE INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_KLASSE <= 2147483647),  -- class
     ID_UEKLASSE INTEGER,  -- parent: superclass
     Klasse TEXT  -- name
 );
@@ -54,7 +54,7 @@ CREATE INDEX awaKlasse_Klasse ON awaKlasse (Klasse);
 
 -- Level 7, Zwischengruppe-Klasse.
 CREATE TABLE awaZwgrKlasse (
-    ID_ZGKLASSE INTEGER PRIMARY KEY AUTOINCREMENT,  -- group between class and subclass
+    ID_ZGKLASSE INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_ZGKLASSE <= 2147483647),  -- group between class and subclass
     ID_KLASSE INTEGER,  -- parent: class
     ZwgrKlasse TEXT  -- name
 );
@@ -63,7 +63,7 @@ CREATE INDEX awaZwgrKlasse_ZwgrKlasse ON awaZwgrKlasse (ZwgrKlasse);
 
 -- Level 8, Unterklasse.
 CREATE TABLE awaUnterklasse (
-    ID_UKLASSE INTEGER PRIMARY KEY AUTOINCREMENT,  -- subclass
+    ID_UKLASSE INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_UKLASSE <= 2147483647),  -- subclass
     ID_ZGKLASSE INTEGER,  -- parent: group between class and subclass
     Unterklasse TEXT  -- name
 );
@@ -72,7 +72,7 @@ CREATE INDEX awaUnterklasse_Unterklasse ON awaUnterklasse (Unterklasse);
 
 -- Level 9, Überordnung.
 CREATE TABLE awaUeberordnung (
-    ID_UEORDNUNG INTEGER PRIMARY KEY AUTOINCREMENT,  -- superorder
+    ID_UEORDNUNG INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_UEORDNUNG <= 2147483647),  -- superorder
     ID_UKLASSE INTEGER,  -- parent: subclass
     Ueberordnung TEXT  -- name
 );
@@ -81,7 +81,7 @@ CREATE INDEX awaUeberordnung_Ueberordnung ON awaUeberordnung (Ueberordnung);
 
 -- Level 10, Ordnung.
 CREATE TABLE awaOrdnung (
-    ID_ORDNUNG INTEGER PRIMARY KEY AUTOINCREMENT,  -- order
+    ID_ORDNUNG INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_ORDNUNG <= 2147483647),  -- order
     ID_UEORDNUNG INTEGER,  -- parent: superorder
     Ordnung TEXT  -- name
 );
@@ -90,7 +90,7 @@ CREATE INDEX awaOrdnung_Ordnung ON awaOrdnung (Ordnung);
 
 -- Level 11, Unterordnung.
 CREATE TABLE awaUnterordnung (
-    ID_UORDNUNG INTEGER PRIMARY KEY AUTOINCREMENT,  -- suborder
+    ID_UORDNUNG INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_UORDNUNG <= 2147483647),  -- suborder
     ID_ORDNUNG INTEGER,  -- parent: order
     Unterordnung TEXT  -- name
 );
@@ -99,7 +99,7 @@ CREATE INDEX awaUnterordnung_Unterordnung ON awaUnterordnung (Unterordnung);
 
 -- Level 12, Infraordnung.
 CREATE TABLE awaInfraordnung (
-    ID_IORDNUNG INTEGER PRIMARY KEY AUTOINCREMENT,  -- infraorder
+    ID_IORDNUNG INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_IORDNUNG <= 2147483647),  -- infraorder
     ID_UORDNUNG INTEGER,  -- parent: suborder
     Infraordnung TEXT  -- name
 );
@@ -108,7 +108,7 @@ CREATE INDEX awaInfraordnung_Infraordnung ON awaInfraordnung (Infraordnung);
 
 -- Level 13, Zwischengruppe-Ordnung.
 CREATE TABLE awaZwgrOrdnung (
-    ID_ZGORDNUNG INTEGER PRIMARY KEY AUTOINCREMENT,  -- group below infraorder
+    ID_ZGORDNUNG INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_ZGORDNUNG <= 2147483647),  -- group below infraorder
     ID_IORDNUNG INTEGER,  -- parent: infraorder
     ZwgrOrdnung TEXT  -- name
 );
@@ -117,7 +117,7 @@ CREATE INDEX awaZwgrOrdnung_ZwgrOrdnung ON awaZwgrOrdnung (ZwgrOrdnung);
 
 -- Level 14, Familienreihe.
 CREATE TABLE awaFamilienreihe (
-    ID_FAMREIHE INTEGER PRIMARY KEY AUTOINCREMENT,  -- series of families
+    ID_FAMREIHE INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_FAMREIHE <= 2147483647),  -- series of families
     ID_ZGORDNUNG INTEGER,  -- parent: group below infraorder
     Familienreihe TEXT  -- name
 );
@@ -126,7 +126,7 @@ CREATE INDEX awaFamilienreihe_Familienreihe ON awaFamilienreihe (Familienreihe);
 
 -- Level 15, Zwischengruppe 1.
 CREATE TABLE awaZwgrReihe1 (
-    ID_ZGREIHE1 INTEGER PRIMARY KEY AUTOINCREMENT,  -- first group below series
+    ID_ZGREIHE1 INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_ZGREIHE1 <= 2147483647),  -- first group below series
     ID_FAMREIHE INTEGER,  -- parent: series of families
     ZwgrReihe1 TEXT  -- name
 );
@@ -135,7 +135,7 @@ CREATE INDEX awaZwgrReihe1_ZwgrReihe1 ON awaZwgrReihe1 (ZwgrReihe1);
 
 -- Level 16, Zwischengruppe 2.
 CREATE TABLE awaZwgrReihe2 (
-    ID_ZGREIHE2 INTEGER PRIMARY KEY AUTOINCREMENT,  -- second group below series
+    ID_ZGREIHE2 INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_ZGREIHE2 <= 2147483647),  -- second group below series
     ID_ZGREIHE1 INTEGER,  -- parent: first group below series
     ZwgrReihe2 TEXT  -- name
 );
@@ -144,7 +144,7 @@ CREATE INDEX awaZwgrReihe2_ZwgrReihe2 ON awaZwgrReihe2 (ZwgrReihe2);
 
 -- Level 17, Überfamilie.
 CREATE TABLE awaUeberfamilie (
-    ID_UEFAM INTEGER PRIMARY KEY AUTOINCREMENT,  -- superfamily
+    ID_UEFAM INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_UEFAM <= 2147483647),  -- superfamily
     ID_ZGREIHE2 INTEGER,  -- parent: second group below series
     Ueberfamilie TEXT  -- name
 );
@@ -153,7 +153,7 @@ CREATE INDEX awaUeberfamilie_Ueberfamilie ON awaUeberfamilie (Ueberfamilie);
 
 -- Level 18, Familie.
 CREATE TABLE awaFamilie (
-    ID_FAM INTEGER PRIMARY KEY AUTOINCREMENT,  -- family
+    ID_FAM INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_FAM <= 2147483647),  -- family
     ID_UEFAM INTEGER,  -- parent: superfamily
     Familie TEXT,  -- name
     ID_GRGR INTEGER  -- major group
@@ -164,7 +164,7 @@ CREATE INDEX awaFamilie_ID_GRGR ON awaFamilie (ID_GRGR);
 
 -- Level 19, Unterfamilie.
 CREATE TABLE awaUnterFam (
-    ID_UFAM INTEGER PRIMARY KEY AUTOINCREMENT,  -- subfamily
+    ID_UFAM INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_UFAM <= 2147483647),  -- subfamily
     ID_FAM INTEGER,  -- parent: family
     Unterfamilie TEXT  -- name
 );

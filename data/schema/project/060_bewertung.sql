@@ -112,7 +112,7 @@ CREATE INDEX awaRefArt_TypB_ID_AL_Hoehenstufe ON awaRefArt_TypB (ID_AL_Hoehenstu
 
 -- Bioregions.
 CREATE TABLE AL_Bioregion (
-    ID_AL_Bioregion INTEGER PRIMARY KEY AUTOINCREMENT,  -- bioregion
+    ID_AL_Bioregion INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_AL_Bioregion <= 2147483647),  -- bioregion
     Nummer INTEGER,  -- number
     Bezeichnung TEXT,  -- name
     Kurzzeichen TEXT  -- short sign, without a digit at its end
@@ -121,7 +121,7 @@ CREATE INDEX AL_Bioregion_Kurzzeichen ON AL_Bioregion (Kurzzeichen);
 
 -- Altitude steps.
 CREATE TABLE AL_Hoehenstufe (
-    ID_AL_Hoehenstufe INTEGER PRIMARY KEY AUTOINCREMENT,  -- altitude step
+    ID_AL_Hoehenstufe INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_AL_Hoehenstufe <= 2147483647),  -- altitude step
     Hoehenstufe SMALLINT,  -- number that the tables awaWRRL_* use
     Bezeichnung TEXT  -- name
 );
@@ -129,6 +129,6 @@ CREATE INDEX AL_Hoehenstufe_Hoehenstufe ON AL_Hoehenstufe (Hoehenstufe);
 
 -- River sections.
 CREATE TABLE AL_Flussabschnitt (
-    ID_AL_Flussabschnitt INTEGER PRIMARY KEY AUTOINCREMENT,  -- river section
+    ID_AL_Flussabschnitt INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_AL_Flussabschnitt <= 2147483647),  -- river section
     Bezeichnung TEXT  -- name
 );

@@ -2,7 +2,7 @@
 
 -- A taxon of the seston catalogue.
 CREATE TABLE sesArt (
-    ID_ART INTEGER PRIMARY KEY AUTOINCREMENT,  -- taxon
+    ID_ART INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_ART <= 2147483647),  -- taxon
     Gattung TEXT,  -- genus
     Art TEXT,  -- species
     Beschreiber TEXT,  -- author
@@ -39,13 +39,13 @@ CREATE INDEX sesArtPrStelle_ID_ART ON sesArtPrStelle (ID_ART);
 
 -- Classes of the seston catalogue.
 CREATE TABLE sesKlasse (
-    ID_KLASSE INTEGER PRIMARY KEY AUTOINCREMENT,  -- class
+    ID_KLASSE INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_KLASSE <= 2147483647),  -- class
     Klasse TEXT  -- name
 );
 
 -- A seston sampling site.
 CREATE TABLE sesPrStelle (
-    ID_PS INTEGER PRIMARY KEY AUTOINCREMENT,  -- sampling site
+    ID_PS INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_PS <= 2147483647),  -- sampling site
     ID_TR INTEGER,  -- sub-habitat
     PSBez TEXT  -- label
 );
@@ -58,7 +58,7 @@ CREATE TABLE sesTeilraum (
 
 -- Columns of the overview of the seston catalogue.
 CREATE TABLE sesKatalogfeldDefinition (
-    ID_Katalogfeld INTEGER PRIMARY KEY AUTOINCREMENT,  -- column definition
+    ID_Katalogfeld INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_Katalogfeld <= 2147483647),  -- column definition
     SpaltenIndex SMALLINT,  -- grid column that the row describes
     ResID_Label SMALLINT,  -- string number of the heading without the language base; 0 gives an empty head
     IstVisible BOOLEAN DEFAULT 0 CHECK (IstVisible IN (-1, 0)),  -- shown; a hidden column keeps width 1

@@ -2,7 +2,7 @@
 
 -- A stored selection.
 CREATE TABLE RechenProjekt (
-    ID_RechMan INTEGER PRIMARY KEY AUTOINCREMENT,  -- selection
+    ID_RechMan INTEGER PRIMARY KEY AUTOINCREMENT CHECK (ID_RechMan <= 2147483647),  -- selection
     RechManEbene TEXT,  -- level: Projekt, Abschnitt, UnvU-Stelle, VerU-Stelle or Teilraum
     RechManSQL TEXT  -- condition in the store's syntax
 );

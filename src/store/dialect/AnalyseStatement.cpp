@@ -290,6 +290,23 @@ void Analysis::Action(InsertTree& insert) {
              std::to_string(insert.TargetColumns.size()) + " columns, but " + std::to_string(given) +
                  " values");
     }
+    CheckKeysGiven(insert);
+}
+
+/// The engine numbers a lone integer key by itself where it is left out, as if it were a counter.
+void Analysis::CheckKeysGiven(const InsertTree& insert) const {
+    const ColumnInfo* key = LoneKey(*insert.Target.Table);
+    if (key == nullptr) return;
+    const auto& columns = insert.TargetColumns;
+    const auto at = std::find(columns.begin(), columns.end(), key);
+    const auto position = static_cast<std::size_t>(at - columns.begin());
+    const auto isNull = [&] {
+        const Expr& value = insert.Select ? *insert.Select->Items[position].Value : *insert.Values[position];
+        return IsNullConstant(value);
+    };
+    if (at == columns.end() || isNull())
+        Fail(ErrorNumber::InvalidUseOfNull, insert.Target.Offset,
+             "Invalid use of Null: " + insert.Target.Table->Name + "." + key->Name + " needs a value");
 }
 
 bool Analysis::OnlyFrom(const Expr& expr, const TableRef& source) const {

@@ -84,6 +84,7 @@ private:
     void CheckGrouped(Expr& expr, SelectTree& select);
     void InsertTarget(InsertTree& insert);
     void InsertColumns(InsertTree& insert);
+    void CheckKeysGiven(const InsertTree& insert) const;
     void CheckChangeable(const TableInfo& table, std::size_t offset) const;
     bool OnlyFrom(const Expr& expr, const TableRef& source) const;
     const TableInfo& FindTable(const Catalogue& catalogue, const std::string& name, std::size_t offset) const;

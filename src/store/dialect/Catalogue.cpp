@@ -32,6 +32,13 @@ std::string Fold(std::string_view text) {
     return folded;
 }
 
+const ColumnInfo* LoneKey(const TableInfo& table) {
+    const auto isKey = [](const ColumnInfo& column) { return column.IsKey; };
+    const auto key = std::find_if(table.Columns.begin(), table.Columns.end(), isKey);
+    if (key == table.Columns.end() || key->Type != Kind::I4 || key->IsCounter) return nullptr;
+    return std::any_of(key + 1, table.Columns.end(), isKey) ? nullptr : &*key;
+}
+
 bool SameName(std::string_view a, std::string_view b) {
     if (!IsAscii(a) || !IsAscii(b)) return Fold(a) == Fold(b);
     return a.size() == b.size() &&

@@ -29,6 +29,10 @@ struct TableInfo {
     const ColumnInfo* Find(std::string_view name) const;
 };
 
+/// The key of a table whose key is one whole number and no counter; nullptr for other tables. Such a key has
+/// to be given: the engine would number it by itself.
+const ColumnInfo* LoneKey(const TableInfo& table);
+
 /// What the translator needs to know of a database: its tables by name, without regard to case.
 class Catalogue {
 public:

@@ -95,9 +95,9 @@ std::optional<std::string> IsoText(std::string_view text) {
 
 std::string DayOrTime(std::string_view text, bool time, Cell& cell, std::deque<std::string>& buffers) {
     auto iso = IsoText(text);
-    // A column of days needs a day; a time of day has its colon at the third place.
+    // A column of days needs a day, one of times none; a time of day has its colon at the third place.
     const bool startsWithTime = iso && iso->size() > 2 && (*iso)[2] == ':';
-    if (!iso || (startsWithTime && !time))
+    if (!iso || startsWithTime != time)
         return Quoted(text) + (time ? " is not a time of day (09:30 or 09:30:00)"
                                     : " is not a day (2026-05-12 or 12.05.2026)");
     cell.Is = Cell::Tag::Text;

@@ -8,12 +8,13 @@ namespace FX_Algen::store::load {
 
 bool CsvReader::AtLineEnd() const noexcept {
     if (at_ >= text_.size()) return true;
-    return text_[at_] == '\n' || (text_[at_] == '\r' && at_ + 1 < text_.size() && text_[at_ + 1] == '\n');
+    // A carriage return at the very end is half of a line end, not a part of the text.
+    return text_[at_] == '\n' || (text_[at_] == '\r' && (at_ + 1 >= text_.size() || text_[at_ + 1] == '\n'));
 }
 
 void CsvReader::PassLineEnd() noexcept {
     if (at_ >= text_.size()) return;
-    at_ += text_[at_] == '\r' ? 2 : 1;
+    at_ = std::min(at_ + (text_[at_] == '\r' ? 2 : 1), text_.size());
     ++line_;
 }
 

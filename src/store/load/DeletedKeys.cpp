@@ -16,15 +16,15 @@ TargetTable MakeTable() {
     TargetColumn name;
     name.Name = "Tabelle";
     name.Type = Kind::Text;
-    name.IsKey = name.Required = true;
+    name.IsKey = name.NotNull = name.Required = true;
     TargetColumn key;
     key.Name = "Schluessel";
     key.Type = Kind::I4;
-    key.IsKey = key.Required = true;
+    key.IsKey = key.NotNull = key.Required = true;
     TargetColumn counter;
     counter.Name = "Zaehler";
     counter.Type = Kind::Bool;
-    counter.IsKey = counter.Required = true;
+    counter.IsKey = counter.NotNull = counter.Required = true;
     table.Columns = {name, key, counter};
     return table;
 }
@@ -49,31 +49,41 @@ void DeletedKeys::Prepare(Engine& engine) {
         "PRIMARY KEY (Tabelle, Schluessel, Zaehler))");
 }
 
-void DeletedKeys::Read(Engine& engine, const LoadText& file, const std::vector<TargetTable>& tables,
-                       std::vector<LoadProblem>& problems) {
+std::vector<DeletedKeys::Line> DeletedKeys::Lines(const LoadText& file, std::vector<LoadProblem>& problems) {
+    std::vector<Line> lines;
     const TableFile keys(file, Table(), problems);
-    if (!keys.Usable()) return;
+    if (!keys.Keyed()) return lines;
     const auto nameAt = *keys.PositionOf(0);
     const auto keyAt = *keys.PositionOf(1);
     const auto counterAt = *keys.PositionOf(2);
-    const auto insert = engine.Prepare("INSERT OR IGNORE INTO temp.fx_deleted VALUES (?, ?, ?)");
     TableFile::Rows rows(keys);
     for (Batch batch; rows.Next(batch, 1000);) {
         std::move(batch.Problems.begin(), batch.Problems.end(), std::back_inserter(problems));
         for (std::size_t i = 0; i < batch.Lines.size(); ++i) {
+            if (!batch.Writable[i]) continue;
             const Cell* row = batch.Row(i, keys.Columns().size());
-            const TargetTable* table = FindTable(tables, row[nameAt].Text);
-            if (table == nullptr) {
-                problems.push_back({keys.FileName(), batch.Lines[i], "Tabelle",
-                                    "the database has no table " + Quoted(row[nameAt].Text)});
-                continue;
-            }
-            insert->BindText(0, table->Name);
-            insert->BindInteger(1, row[keyAt].Integer);
-            insert->BindInteger(2, row[counterAt].Integer);
-            insert->Step();
-            insert->Reset();
+            lines.push_back({std::string(row[nameAt].Text), row[keyAt].Integer, row[counterAt].Integer != 0,
+                             batch.Lines[i]});
         }
+    }
+    return lines;
+}
+
+void DeletedKeys::Read(Engine& engine, const LoadText& file, const std::vector<TargetTable>& tables,
+                       std::vector<LoadProblem>& problems) {
+    const auto insert = engine.Prepare("INSERT OR IGNORE INTO temp.fx_deleted VALUES (?, ?, ?)");
+    for (const Line& line : Lines(file, problems)) {
+        const TargetTable* table = FindTable(tables, line.Table);
+        if (table == nullptr) {
+            problems.push_back({Printable(file.Name), line.Number, "Tabelle",
+                                "the database has no table " + Quoted(line.Table)});
+            continue;
+        }
+        insert->BindText(0, table->Name);
+        insert->BindInteger(1, line.Key);
+        insert->BindInteger(2, line.Counter ? -1 : 0);
+        insert->Step();
+        insert->Reset();
     }
 }
 
@@ -104,6 +114,10 @@ std::vector<DeletedKeys::Line> DeletedKeys::Find(Engine& engine,
         for (const Reference& reference : ReferencesOf(table->Name))
             for (const std::int64_t key : DanglingKeys(engine, reference))
                 lines.insert({std::string(reference.Parent), key, false});
+        if (table->Name == "RechenProjektListe")
+            for (const LevelTable& level : LevelTables())
+                for (const auto& member : DanglingMembers(engine, level))
+                    lines.insert({std::string(level.Parent), member.second, false});
         const std::string counter = table->Counter();
         if (counter.empty()) continue;
         const std::int64_t last = LastNumber(engine, *table);

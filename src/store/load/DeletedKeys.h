@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "FX_Algen/Load.h"
@@ -23,6 +24,20 @@ public:
     /// Whether a file is this one, without regard to case.
     static bool IsFile(std::string_view name);
 
+    /// One line of the file.
+    struct Line {
+        std::string Table;
+        std::int64_t Key = 0;
+        bool Counter = false;     ///< the last number that the table's counter gave out
+        std::int64_t Number = 0;  ///< line of the file that it was read from
+        friend bool operator==(const Line& a, const Line& b) { return (a <=> b) == 0; }
+        friend std::strong_ordering operator<=>(const Line& a, const Line& b) {
+            return std::tie(a.Table, a.Key, a.Counter) <=> std::tie(b.Table, b.Key, b.Counter);
+        }
+    };
+    /// The lines of a file that can be read.
+    static std::vector<Line> Lines(const LoadText& file, std::vector<LoadProblem>& problems);
+
     /// Readies the connection: `ButNot` may be used from here on.
     static void Prepare(Engine& engine);
     /// Reads the file and remembers its keys for this connection.
@@ -33,13 +48,6 @@ public:
     /// Lets the counters go on behind the last numbers that were read.
     static void RaiseCounters(Engine& engine, const std::vector<TargetTable>& tables);
 
-    /// One line of the file.
-    struct Line {
-        std::string Table;
-        std::int64_t Key = 0;
-        bool Counter = false;  ///< the last number that the table's counter gave out
-        friend auto operator<=>(const Line&, const Line&) = default;
-    };
     /// The lines for a dump of these tables, sorted.
     static std::vector<Line> Find(Engine& engine, const std::vector<const TargetTable*>& dumped);
 };

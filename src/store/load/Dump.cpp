@@ -4,6 +4,7 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,54 +12,19 @@
 #include "FX_Algen/Error.h"
 #include "FX_Algen/Load.h"
 #include "store/load/DeletedKeys.h"
+#include "store/load/DumpFiles.h"
+#include "store/load/DumpMark.h"
+#include "store/load/Misfits.h"
 #include "store/load/Tables.h"
 
 namespace FX_Algen::store {
 namespace {
 
 namespace fs = std::filesystem;
-using load::TargetColumn;
+using load::DeletedKeys;
+using load::DumpFile;
+using load::DumpFiles;
 using load::TargetTable;
-
-/// A CSV file in the making. It takes its name when it is complete.
-class CsvFile {
-public:
-    explicit CsvFile(const fs::path& path) : path_(path), part_(path.string() + ".part") {
-        out_.open(part_, std::ios::binary | std::ios::trunc);
-        buffer_.reserve(Full + Full / 4);
-    }
-    ~CsvFile() {
-        out_.close();
-        std::error_code ignored;
-        fs::remove(part_, ignored);
-    }
-    CsvFile(const CsvFile&) = delete;
-    CsvFile& operator=(const CsvFile&) = delete;
-
-    std::string& Line() { return buffer_; }
-    void EndLine() {
-        buffer_ += '\n';
-        if (buffer_.size() >= Full) Flush();
-    }
-    void Finish() {
-        Flush();
-        out_.close();
-        if (!out_)
-            throw Error(ErrorNumber::FileNotFound, "Dumping: the file cannot be written: " + path_.string());
-        fs::rename(part_, path_);
-    }
-
-private:
-    static constexpr std::size_t Full = std::size_t{1} << 16U;
-    void Flush() {
-        out_.write(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
-        buffer_.clear();
-    }
-    fs::path path_;
-    fs::path part_;
-    std::ofstream out_;
-    std::string buffer_;
-};
 
 /// The empty text is written in quotes, so that it differs from Null.
 void AppendText(std::string& line, std::string_view text) {
@@ -113,8 +79,8 @@ std::string SelectStatement(const TargetTable& table) {
            (order.empty() ? "rowid" : order);
 }
 
-TableRows DumpTable(Engine& engine, const TargetTable& table, const fs::path& folder) {
-    CsvFile file(folder / (table.Name + ".csv"));
+TableRows DumpTable(Engine& engine, const TargetTable& table, DumpFiles& files) {
+    DumpFile& file = files.Add(table.Name + ".csv");
     for (std::size_t i = 0; i < table.Columns.size(); ++i) {
         if (i > 0) file.Line() += ',';
         AppendText(file.Line(), table.Columns[i].Name);
@@ -130,26 +96,69 @@ TableRows DumpTable(Engine& engine, const TargetTable& table, const fs::path& fo
         file.EndLine();
         ++result.Rows;
     }
-    file.Finish();
+    file.Close();
     return result;
 }
 
-void DumpDeletedKeys(Engine& engine, const std::vector<const TargetTable*>& tables, const fs::path& folder) {
-    const fs::path path = folder / load::DeletedKeys::FileName;
-    const auto lines = load::DeletedKeys::Find(engine, tables);
-    if (lines.empty()) {
-        // One of an earlier dump would tell of other keys.
-        fs::remove(path);
-        return;
+/// Lines of the file that stands in the folder already, without the counters of the tables that are dumped
+/// anew. A file that cannot be read must not be lost.
+std::vector<DeletedKeys::Line> FormerDeletedKeys(const fs::path& path,
+                                                 const std::vector<const TargetTable*>& dumped) {
+    std::error_code failure;
+    if (!fs::exists(path, failure)) return {};
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    const std::string content = std::move(text).str();
+    std::vector<LoadProblem> problems;
+    auto lines = DeletedKeys::Lines({DeletedKeys::FileName, content}, problems);
+    if (!in || !problems.empty())
+        throw Error(ErrorNumber::FileNotFound,
+                    "Dumping: the file cannot be read and would be lost: " + path.string());
+    std::erase_if(lines, [&](const DeletedKeys::Line& line) {
+        return line.Counter && std::any_of(dumped.begin(), dumped.end(), [&](const TargetTable* table) {
+                   return dialect::Fold(table->Name) == dialect::Fold(line.Table);
+               });
+    });
+    return lines;
+}
+
+/// Of a dump of chosen tables the file tells beside what it told before: the other tables still need that.
+void DumpDeletedKeys(Engine& engine, const std::vector<const TargetTable*>& tables, const fs::path& folder,
+                     bool all, DumpFiles& files) {
+    auto lines = DeletedKeys::Find(engine, tables);
+    if (!all) {
+        const auto former = FormerDeletedKeys(folder / DeletedKeys::FileName, tables);
+        lines.insert(lines.end(), former.begin(), former.end());
+        std::sort(lines.begin(), lines.end());
+        lines.erase(std::unique(lines.begin(), lines.end()), lines.end());
     }
-    CsvFile file(path);
+    if (lines.empty()) return files.Remove(DeletedKeys::FileName);
+    DumpFile& file = files.Add(DeletedKeys::FileName);
     file.Line() += "Tabelle,Schluessel,Zaehler";
     file.EndLine();
     for (const auto& line : lines) {
         file.Line() += line.Table + ',' + std::to_string(line.Key) + (line.Counter ? ",-1" : ",0");
         file.EndLine();
     }
-    file.Finish();
+    file.Close();
+}
+
+void DumpTheMark(const std::vector<const TargetTable*>& tables, DumpFiles& files) {
+    std::vector<std::string> names;
+    for (const TargetTable* table : tables) names.push_back(table->Name);
+    DumpFile& file = files.Add(load::DumpMark::FileName);
+    file.Line() += load::DumpMark::TextFor(names);
+    file.Close();
+}
+
+void RefuseMisfits(Engine& engine, const std::vector<const TargetTable*>& tables) {
+    load::Misfits misfits;
+    for (const TargetTable* table : tables) misfits.Find(engine, *table);
+    if (!misfits.None())
+        throw Error(
+            ErrorNumber::TypeMismatch,
+            "Dumping: nothing was written, since values do not fit their columns:\n" + misfits.Text());
 }
 
 std::vector<const TargetTable*> Chosen(const std::vector<TargetTable>& all,
@@ -175,17 +184,18 @@ std::vector<TableRows> Dump(const std::string& database, const std::string& fold
     const auto engine = load::OpenDatabaseFile(database);
     // One transaction, so that all files tell of the same moment.
     engine->Run("BEGIN");
-    load::DeletedKeys::Prepare(*engine);
+    DeletedKeys::Prepare(*engine);
     const auto all = load::ReadTables(*engine);
     const auto chosen = Chosen(all, tables);
 
-    std::error_code failure;
-    fs::create_directories(folder, failure);
-    if (!fs::is_directory(folder))
-        throw Error(ErrorNumber::FileNotFound, "Dumping: the folder cannot be made: " + folder);
+    RefuseMisfits(*engine, chosen);
+
+    load::DumpFiles files(folder);
     std::vector<TableRows> result;
-    for (const TargetTable* table : chosen) result.push_back(DumpTable(*engine, *table, folder));
-    DumpDeletedKeys(*engine, chosen, folder);
+    for (const TargetTable* table : chosen) result.push_back(DumpTable(*engine, *table, files));
+    DumpDeletedKeys(*engine, chosen, folder, tables.empty(), files);
+    if (tables.empty()) DumpTheMark(chosen, files);
+    files.Finish();
     engine->Run("COMMIT");
     return result;
 }

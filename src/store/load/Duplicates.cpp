@@ -48,7 +48,7 @@ void EachRow(const TableFile& file, const Visit& visit) {
     TableFile::Rows rows(file);
     for (Batch batch; rows.Next(batch, 1000);)
         for (std::size_t i = 0; i < batch.Lines.size(); ++i)
-            visit(batch.Row(i, file.Columns().size()), batch.Lines[i]);
+            if (batch.Writable[i]) visit(batch.Row(i, file.Columns().size()), batch.Lines[i]);
 }
 
 }  // namespace

@@ -28,7 +28,15 @@ std::vector<std::size_t> Identity(const TargetTable& table) {
 std::string Joined(const TargetTable& table, std::string_view between) {
     std::string out;
     for (const std::size_t column : Identity(table))
-        out += (out.empty() ? "" : std::string(between)) + Name(table.Columns[column].Name);
+        out += (out.empty() ? "" : std::string(between)) + "m." + Name(table.Columns[column].Name);
+    return out;
+}
+
+/// Condition that the rows m and t agree in all columns.
+std::string SameRow(const TargetTable& table) {
+    std::string out;
+    for (const TargetColumn& column : table.Columns)
+        out += (out.empty() ? "m." : " AND m.") + Name(column.Name) + " IS t." + Name(column.Name);
     return out;
 }
 
@@ -51,41 +59,46 @@ FirstRows::FirstRows(Engine& engine, const std::vector<TargetTable>& tables) {
     if (!project) return;
     FillTemporaryTables(engine);
     for (const auto name : TableNames) {
-        auto& keys = keys_[std::string(name)];
-        const auto statement =
-            engine.Prepare("SELECT " + Joined(*FindTable(tables, name), ", ") + " FROM (SELECT * FROM main." +
-                           Name(name) + " INTERSECT SELECT * FROM temp." + Name(name) + ")");
+        const TargetTable& table = *FindTable(tables, name);
+        auto& rows = rows_[std::string(name)];
+        const auto statement = engine.Prepare("SELECT m.rowid, " + Joined(table, ", ") + " FROM main." +
+                                              Name(name) + " AS m WHERE EXISTS (SELECT 1 FROM temp." +
+                                              Name(name) + " AS t WHERE " + SameRow(table) + ")");
         while (statement->Step()) {
             std::string key;
-            for (std::size_t i = 0; i < statement->ColumnCount(); ++i)
+            for (std::size_t i = 1; i < statement->ColumnCount(); ++i)
                 key += (statement->IsNull(i) ? "Null" : "=" + std::string(statement->Text(i))) + '\n';
-            keys.insert(key);
+            rows.emplace(key, statement->Integer(0));
         }
     }
     for (const auto table : TableNames) engine.Run("DROP TABLE temp." + Name(table));
 }
 
-void FirstRows::GiveWay(Engine& engine, const TableFile& file, const Cell* row) {
-    const auto known = keys_.find(file.Table().Name);
-    if (known == keys_.end() || known->second.empty()) return;
+std::optional<std::int64_t> FirstRows::Take(const TableFile& file, const Cell* row) {
+    const auto known = rows_.find(file.Table().Name);
+    if (known == rows_.end() || known->second.empty()) return std::nullopt;
     std::string key;
-    std::string condition;
-    std::vector<const Cell*> cells;
     for (const std::size_t column : Identity(file.Table())) {
         const auto position = file.PositionOf(column);
-        if (!position) return;
+        if (!position) return std::nullopt;
         const Cell& cell = row[*position];
         const bool text = cell.Is == Cell::Tag::Text;
         key += (cell.Is == Cell::Tag::Null ? "Null" : "=" + (text ? std::string(cell.Text) : cell.AsText())) +
                '\n';
-        condition += (cells.empty() ? "" : " AND ") + Name(file.Table().Columns[column].Name) + " IS ?";
-        cells.push_back(&cell);
     }
-    if (known->second.erase(key) == 0) return;
-    const auto statement =
-        engine.Prepare("DELETE FROM main." + Name(file.Table().Name) + " WHERE " + condition);
-    for (std::size_t i = 0; i < cells.size(); ++i) cells[i]->BindTo(*statement, i);
-    statement->Step();
+    const auto found = known->second.find(key);
+    if (found == known->second.end()) return std::nullopt;
+    const std::int64_t id = found->second;
+    known->second.erase(found);
+    return id;
+}
+
+void FirstRows::Remove(Engine& engine, std::string_view table) {
+    const auto known = rows_.find(std::string(table));
+    if (known == rows_.end()) return;
+    for (const auto& [key, id] : known->second)
+        engine.Run("DELETE FROM main." + Name(table) + " WHERE rowid = " + std::to_string(id));
+    known->second.clear();
 }
 
 }  // namespace FX_Algen::store::load

@@ -26,6 +26,20 @@ std::vector<LoadProblem> Problems::Take(std::size_t& more) {
     return out;
 }
 
+std::string Printable(std::string_view text) {
+    std::string out;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        // The control characters from 128 to 159 are C2 80 to C2 9F; some terminals obey them too.
+        const bool pair = byte == 0xC2U && i + 1 < text.size() &&
+                          static_cast<unsigned char>(text[i + 1]) >= 0x80U &&
+                          static_cast<unsigned char>(text[i + 1]) <= 0x9FU;
+        if (pair) ++i;
+        out += byte < 0x20U || byte == 0x7FU || pair ? ' ' : text[i];
+    }
+    return out;
+}
+
 std::string Quoted(std::string_view text) {
     constexpr std::size_t longest = 40;
     std::size_t end = text.size();
@@ -34,9 +48,7 @@ std::string Quoted(std::string_view text) {
         // Never through the middle of a character: its further bytes begin with the bits 10.
         while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) --end;
     }
-    std::string out = "'";
-    for (const char c : text.substr(0, end)) out += static_cast<unsigned char>(c) < 0x20U ? ' ' : c;
-    return out + (end < text.size() ? "…'" : "'");
+    return "'" + Printable(text.substr(0, end)) + (end < text.size() ? "…'" : "'");
 }
 
 }  // namespace FX_Algen::store::load

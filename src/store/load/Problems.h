@@ -30,7 +30,10 @@ private:
     std::multiset<LoadProblem, Before> first_;
 };
 
-/// A text as messages show it: in quotes, cut where it is long.
+/// A text that a terminal can show: control characters are blanks.
+std::string Printable(std::string_view text);
+
+/// A text as messages show it: printable, in quotes, cut where it is long.
 std::string Quoted(std::string_view text);
 
 }  // namespace FX_Algen::store::load

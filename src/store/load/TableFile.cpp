@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "store/load/Problems.h"
+#include "store/load/Ranges.h"
 
 namespace FX_Algen::store::load {
 namespace {
@@ -26,12 +27,21 @@ bool LooksLikeUtf16(std::string_view text) {
     return text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF");
 }
 
+/// Line ends of old programs: the whole file would be its own header.
+bool HasCarriageReturnsOnly(std::string_view text) {
+    const auto at = text.find('\r');
+    return at != std::string_view::npos && at + 1 < text.size() && text.find('\n') == std::string_view::npos;
+}
+
 }  // namespace
 
 TableFile::TableFile(LoadText file, const TargetTable& table, std::vector<LoadProblem>& problems)
-    : file_(file.Name), text_(WithoutMark(file.Text)), table_(&table) {
-    if (LooksLikeUtf16(text_)) {
-        problems.push_back({file_, 0, "", "the file is UTF-16, not UTF-8"});
+    : file_(Printable(file.Name)), text_(WithoutMark(file.Text)), table_(&table) {
+    const bool wide = LooksLikeUtf16(text_);
+    if (wide || HasCarriageReturnsOnly(text_)) {
+        problems.push_back(
+            {file_, 0, "",
+             wide ? "the file is UTF-16, not UTF-8" : "the lines end with CR alone; LF or CR LF is needed"});
         usable_ = false;
         text_ = {};
         return;
@@ -49,7 +59,7 @@ std::optional<std::size_t> TableFile::PositionOf(std::size_t tableColumn) const 
 void TableFile::ReadName(const CsvField& field, std::vector<LoadProblem>& problems) {
     const auto refuse = [&](std::string reason) {
         const bool readable = !FirstBadByte(field.Text);
-        problems.push_back({file_, field.Line, readable ? std::string(TrimmedName(field.Text)) : "", reason});
+        problems.push_back({file_, field.Line, readable ? Printable(TrimmedName(field.Text)) : "", reason});
         fields_.emplace_back();
     };
     if (field.Fault != nullptr) return refuse(field.Fault);
@@ -77,9 +87,10 @@ void TableFile::ReadHeader(std::vector<LoadProblem>& problems) {
     for (std::size_t i = 0; i < table_->Columns.size(); ++i) {
         const TargetColumn& column = table_->Columns[i];
         if (!column.Required || column.HasDefault || PositionOf(i)) continue;
-        problems.push_back(
-            {file_, header.front().Line, column.Name, "the header lacks this column of the key"});
-        usable_ = false;
+        problems.push_back({file_, header.front().Line, column.Name,
+                            column.NotNull ? "the header lacks this column of the key"
+                                           : "the header lacks this column: nothing would lead to the rows"});
+        if (column.NotNull) keyed_ = false;
     }
     if (columns_.empty()) usable_ = false;
 }
@@ -87,7 +98,9 @@ void TableFile::ReadHeader(std::vector<LoadProblem>& problems) {
 TableFile::Rows::Rows(const TableFile& file)
     : file_(file),
       reader_(file.text_, file.delimiter_),
-      encodingFaults_(FirstBadByte(file.text_).has_value()) {
+      encodingFaults_(FirstBadByte(file.text_).has_value()),
+      low_(file.PositionOf(file.table_->Find("EQRMin"))),
+      high_(file.PositionOf(file.table_->Find("EQRMax"))) {
     std::deque<std::string> buffers;
     reader_.Next(fields_, buffers);  // the header
 }
@@ -104,10 +117,9 @@ void TableFile::Rows::Read(Batch& batch) {
             "the line has " + std::to_string(fields_.size()) + (fields_.size() == 1 ? " field" : " fields") +
                 ", the header " + std::to_string(wanted));
 
-    const Conversion conversion{file_.delimiter_ == ';'};
     const std::size_t first = batch.Cells.size();
     batch.Cells.resize(first + file_.columns_.size());
-    bool keyed = true;
+    bool keyed = file_.keyed_;
     for (std::size_t i = 0; i < wanted; ++i) {
         if (!file_.fields_[i]) continue;
         const std::size_t position = *file_.fields_[i];
@@ -115,25 +127,44 @@ void TableFile::Rows::Read(Batch& batch) {
         const CsvField missing{{}, false, line, nullptr};
         const CsvField& field = i < fields_.size() ? fields_[i] : missing;
         Cell& cell = batch.Cells[first + position];
-        std::string reason;
-        if (const auto bad = encodingFaults_ ? FirstBadByte(field.Text) : std::nullopt)
-            reason = EncodingFault(field.Text, *bad);
-        else
-            reason = conversion.Convert(field, column, cell, batch.Buffers);
-        const bool lacksKey = column.Required && cell.Is == Cell::Tag::Null;
-        if (reason.empty() && lacksKey && i < fields_.size()) reason = "the key may not be empty";
+        std::string reason = ReadCell(field, column, cell, batch);
+        const bool faulty = !reason.empty();
+        const bool empty = cell.Is == Cell::Tag::Null;
+        if (!faulty && column.Required && empty && i < fields_.size())
+            reason = column.NotNull ? "the key may not be empty"
+                                    : "the reference may not be empty: nothing would lead to the row";
         if (!reason.empty()) Add(batch, field.Line, column.Name, std::move(reason));
-        if (lacksKey || (column.IsKey && i >= fields_.size())) keyed = false;
+        // A counter must not give a number to a row whose own number cannot be read.
+        if ((column.NotNull && empty) || (column.IsKey && (faulty || i >= fields_.size()))) keyed = false;
     }
-    if (keyed)
-        batch.Lines.push_back(line);
-    else
-        batch.Cells.resize(first);
+    CheckBounds(batch, batch.Cells.data() + first, line);
+    batch.Lines.push_back(line);
+    batch.Writable.push_back(keyed);
+}
+
+std::string TableFile::Rows::ReadCell(const CsvField& field, const TargetColumn& column, Cell& cell,
+                                      Batch& batch) const {
+    if (const auto bad = encodingFaults_ ? FirstBadByte(field.Text) : std::nullopt)
+        return EncodingFault(field.Text, *bad);
+    const Conversion conversion{file_.delimiter_ == ';'};
+    std::string reason = conversion.Convert(field, column, cell, batch.Buffers);
+    return reason.empty() ? RangeFault(cell, column) : reason;
+}
+
+/// A class whose lower bound lies above its upper one takes no ratio at all.
+void TableFile::Rows::CheckBounds(Batch& batch, const Cell* row, std::int64_t line) const {
+    if (!low_ || !high_) return;
+    const Cell& low = row[*low_];
+    const Cell& high = row[*high_];
+    if (low.Is == Cell::Tag::Real && high.Is == Cell::Tag::Real && low.Real > high.Real)
+        Add(batch, line, "EQRMin",
+            "the lower bound " + low.AsText() + " is above the upper bound " + high.AsText());
 }
 
 bool TableFile::Rows::Next(Batch& batch, std::size_t most) {
     batch.Cells.clear();
     batch.Lines.clear();
+    batch.Writable.clear();
     batch.Problems.clear();
     batch.Buffers.clear();
     batch.Cells.reserve(most * file_.columns_.size());

@@ -6,6 +6,8 @@
 
 #include "FX_Algen/Error.h"
 #include "store/Layout.h"
+#include "store/load/Ranges.h"
+#include "store/load/References.h"
 
 namespace FX_Algen::store::load {
 namespace {
@@ -45,7 +47,8 @@ TargetColumn ReadColumn(const EngineStatement& row, bool autoincrement) {
     column.IsKey = row.Integer(2) > 0;
     column.IsCounter = column.IsKey && autoincrement;
     column.HasDefault = !row.IsNull(3);
-    column.Required = (column.IsKey && !column.IsCounter) || row.Integer(4) != 0;
+    column.NotNull = (column.IsKey && !column.IsCounter) || row.Integer(4) != 0;
+    column.Required = column.NotNull;
     return column;
 }
 
@@ -64,6 +67,9 @@ TargetTable ReadTable(Engine& engine, const std::string& name, bool autoincremen
                                                ") WHERE \"unique\" = 1 AND origin <> 'pk' ORDER BY name"))
         table.Unique.push_back(Positions(table, Texts(engine, "SELECT name FROM pragma_index_info(" +
                                                                   Literal(index) + ") ORDER BY seqno")));
+    Restrict(table);
+    for (const Reference& reference : ReferencesOf(name))
+        if (reference.Needed) table.Columns.at(table.Find(reference.Column)).Required = true;
     return table;
 }
 
@@ -85,9 +91,14 @@ std::size_t TargetTable::Find(std::string_view name) const {
     return static_cast<std::size_t>(at - Columns.begin());
 }
 
-std::string TargetTable::Counter() const {
+std::size_t TargetTable::CounterPosition() const {
     const auto at = std::find_if(Columns.begin(), Columns.end(), [](const auto& c) { return c.IsCounter; });
-    return at == Columns.end() ? std::string() : at->Name;
+    return static_cast<std::size_t>(at - Columns.begin());
+}
+
+std::string TargetTable::Counter() const {
+    const std::size_t at = CounterPosition();
+    return at == Columns.size() ? std::string() : Columns[at].Name;
 }
 
 std::vector<TargetTable> ReadTables(Engine& engine) {

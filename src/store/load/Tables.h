@@ -1,6 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <limits>
+#include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,9 +15,15 @@ namespace FX_Algen::store::load {
 
 /// A column as a file has to fill it.
 struct TargetColumn : dialect::ColumnInfo {
+    bool NotNull = false;  ///< the table refuses Null: a part of a key that is no counter
     bool Required =
-        false;  ///< neither Null nor a default may stand for it: a part of a key that is no counter
+        false;  ///< a file may not leave it empty: `NotNull`, or a reference that leads to the row
     bool HasDefault = false;
+    bool Finite = true;                                       ///< an infinite number is refused
+    double Least = -std::numeric_limits<double>::infinity();  ///< smallest number that is possible
+    double Most = std::numeric_limits<double>::infinity();    ///< greatest number that is possible
+    std::span<const std::string_view> Texts;                  ///< texts to choose from; empty = any
+    bool IgnoreCase = false;                                  ///< of `Texts`
 };
 
 /// A table as the loader and the dump see it.
@@ -29,6 +38,8 @@ struct TargetTable {
     std::size_t Find(std::string_view name) const;
     /// The name of the one counter; empty if there is none.
     std::string Counter() const;
+    /// Position of the one counter; `Columns.size()` if there is none.
+    std::size_t CounterPosition() const;
 };
 
 /// The tables of an open database, sorted by name; those of the engine itself are left out.

@@ -50,6 +50,9 @@ Cause OfConstraint(int code, std::string_view message) {
         case SQLITE_CONSTRAINT_TRIGGER:
             return {ErrorNumber::RowIsReferredTo, std::string(message)};
         default:
+            if (place.ends_with("<= 2147483647"))
+                return {ErrorNumber::Overflow, "Overflow: the key does not fit 32 bits (" + place +
+                                                   "); the counter has given out its last number."};
             return {ErrorNumber::TypeMismatch, "A value does not meet the table's condition: " + place + "."};
     }
 }

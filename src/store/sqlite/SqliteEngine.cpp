@@ -1,9 +1,12 @@
+#include <fcntl.h>
 #include <sqlite3.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "store/Engine.h"
 #include "store/sqlite/Failure.h"
@@ -65,11 +68,41 @@ private:
     std::map<std::string, bool, std::less<>> durable_;
 };
 
+bool IsWritable(const std::filesystem::path& path) {
+    return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
+/// Whether the engine could not make the files that it keeps beside a database. Where a program that may is
+/// at work on it, those files are there and can be read; without them nothing changes the database under us.
+bool CannotKeepFilesBeside(const std::filesystem::path& path) {
+    std::error_code failure;
+    const auto folder = std::filesystem::canonical(path, failure).parent_path();
+    return !failure && !IsWritable(folder) && !std::filesystem::exists(path.string() + "-wal", failure);
+}
+
+/// The path as part of an address, in which three characters have a meaning of their own.
+std::string Address(const std::string& path) {
+    std::string out = "file:";
+    for (const char c : std::filesystem::absolute(path).string()) {
+        if (c == '%' || c == '?' || c == '#') {
+            constexpr std::string_view digits = "0123456789ABCDEF";
+            const auto byte = static_cast<unsigned char>(c);
+            out += {'%', digits[byte >> 4U], digits[byte & 0xFU]};
+        } else {
+            out += c;
+        }
+    }
+    return out;
+}
+
 DatabaseHandle OpenFile(const std::string& path, bool create) {
-    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE |
-                      (create ? SQLITE_OPEN_CREATE : 0);
+    const bool readOnly = !create && CannotKeepFilesBeside(path);
+    const int flags = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE | (create ? SQLITE_OPEN_CREATE : 0) |
+                      (readOnly ? SQLITE_OPEN_READONLY | SQLITE_OPEN_URI : SQLITE_OPEN_READWRITE);
     // A leading colon would name a database in memory.
-    const std::string name = path.starts_with(':') ? "./" + path : path;
+    const std::string name = readOnly                ? Address(path) + "?immutable=1"
+                             : path.starts_with(':') ? "./" + path
+                                                     : path;
     sqlite3* raw = nullptr;
     const int code = sqlite3_open_v2(name.c_str(), &raw, flags, nullptr);
     DatabaseHandle db(raw);
