@@ -79,6 +79,26 @@ TEST(CreateDatabase, FailsWhereTheFolderDoesNotExistAndMakesNone) {
     EXPECT_TRUE(FilesOf(folder).empty());
 }
 
+TEST(CreateDatabase, RefusesWhatADatabaseOfThisNameLeftBehind) {
+    for (const char* suffix : {"-wal", "-shm", "-journal"}) {
+        const TestFolder folder;
+        const std::string path = folder.File("Flüsse.db");
+        std::ofstream(path + suffix) << "old";
+        try {
+            CreateDatabase(path, DatabaseKind::Project);
+            FAIL() << "no failure";
+        } catch (const Error& error) {
+            EXPECT_EQ(error.Number(), ErrorNumber::NotADatabase);
+            EXPECT_THAT(error.Description(), testing::HasSubstr(path + suffix));
+        }
+        EXPECT_THAT(FilesOf(folder), ElementsAre(std::string("Flüsse.db") + suffix));
+    }
+}
+
+TEST(CreateDatabase, RefusesAnEmptyName) {
+    EXPECT_EQ(NumberOf([] { CreateDatabase("", DatabaseKind::Project); }), ErrorNumber::FileNotFound);
+}
+
 TEST(CreateTables, AFailureHalfwayLeavesTheDatabaseEmpty) {
     const TestFolder folder;
     auto engine = OpenEngine(folder.File("voll.db"), true);
