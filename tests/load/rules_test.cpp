@@ -291,6 +291,26 @@ TEST(Ranges, NameTablesAndColumnsOfTheSchema) {
         EXPECT_TRUE(exists(choice.Table, choice.Column)) << choice.Column;
 }
 
+TEST(Ranges, StandOnThePageOfTheDataModel) {
+    std::ifstream in(std::string(FX_SOURCE_DIR) + "/docs/data-model.md");
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    for (const auto& range : load::Ranges()) {
+        std::string column(range.Column);
+        const bool twin = range.Table == "awaTeilraum" && column.ends_with("_WRRL");
+        if (twin) column.resize(column.size() - 5);
+        const std::string words = range.Most == 100  ? "| 0 to 100 |"
+                                  : range.Most == 10 ? "| 0 to 10 |"
+                                                     : "| 0 and above |";
+        const auto tells = [&](const std::string& line) {
+            return line.starts_with("| `" + std::string(range.Table) + "`: ") && line.ends_with(words) &&
+                   line.find("`" + column + "`") != line.npos &&
+                   (!twin || line.find("their `_WRRL` twins") != line.npos);
+        };
+        EXPECT_EQ(std::count_if(lines.begin(), lines.end(), tells), 1) << range.Table << "." << range.Column;
+    }
+}
+
 TEST(Dump, ThatLostAFileIsToldAndNotLoaded) {
     TestDatabase db;
     Dump(db.Path(), db.Folder().File("aus"));
