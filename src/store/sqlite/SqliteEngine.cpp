@@ -76,8 +76,10 @@ bool IsWritable(const std::filesystem::path& path) {
 /// at work on it, those files are there and can be read; without them nothing changes the database under us.
 bool CannotKeepFilesBeside(const std::filesystem::path& path) {
     std::error_code failure;
-    const auto folder = std::filesystem::canonical(path, failure).parent_path();
-    return !failure && !IsWritable(folder) && !std::filesystem::exists(path.string() + "-wal", failure);
+    // The engine keeps them beside the file that a link leads to.
+    const auto real = std::filesystem::canonical(path, failure);
+    return !failure && !IsWritable(real.parent_path()) &&
+           !std::filesystem::exists(real.string() + "-wal", failure);
 }
 
 /// The path as part of an address, in which three characters have a meaning of their own.
