@@ -87,6 +87,8 @@ TEST(Conversion, RefusesWhatDoesNot) {
              {"1.234,5", Kind::R8, "'1.234,5' is not a number", false, true},
              {"1,2,3", Kind::R8, "'1,2,3' is not a number", false, true},
              {"nan", Kind::R8, "'nan' is not a number"},
+             {"inf", Kind::R8, "'inf' is not a number"},
+             {"-inf", Kind::R4, "'-inf' is not a number"},
              {"infinity", Kind::R8, "'infinity' is not a number"},
              {"0x10", Kind::R8, "'0x10' is not a number"},
              {"1e999", Kind::R8, "'1e999' does not fit a number"},

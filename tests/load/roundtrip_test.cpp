@@ -85,6 +85,7 @@ TEST(DumpOfMisfits, FailsWithAllCellsThatDoNotFitAndWritesNothing) {
     TestDatabase db;
     db.Run("INSERT INTO awaModulStandard (ID_ART, SI, Lebensform) VALUES (7, 'zwei', 1.5), (8, 2.0, 3)");
     db.Run("INSERT INTO VerUStelle (ID_VUS, USDatumVon) VALUES (3, 20260512)");
+    db.Run("INSERT INTO awaTeilraum (ID_TR, DG_MA) VALUES (2, -9e999)");
     db.Run("INSERT INTO awaAL_Abundanz VALUES (5000000000, x'FF')");
     db.Run("INSERT INTO Projekt (ID_PRJ, PRJBez) VALUES (4, CAST(x'C3' AS TEXT))");
     const std::string folder = db.Folder().File("aus");
@@ -96,7 +97,8 @@ TEST(DumpOfMisfits, FailsWithAllCellsThatDoNotFitAndWritesNothing) {
         for (const char* cell :
              {"\nawaModulStandard, ID_ART 7, SI: text ''zwei'' in a column of",
               "\nawaModulStandard, ID_ART 7, Lebensform: real", "\nVerUStelle, ID_VUS 3, USDatumVon: integer",
-              "\nawaAL_Abundanz, row 1, RF: integer", "\nawaAL_Abundanz, row 1, Abundanz: blob",
+              "\nawaTeilraum, ID_TR 2, DG_MA: real", "\nawaAL_Abundanz, row 1, RF: integer",
+              "\nawaAL_Abundanz, row 1, Abundanz: blob",
               "\nProjekt, ID_PRJ 4, PRJBez: the text is not UTF-8"})
             EXPECT_THAT(error.Description(), HasSubstr(cell));
         EXPECT_THAT(error.Description(), testing::Not(HasSubstr("ID_ART 8")));

@@ -60,12 +60,10 @@ std::string Real(std::string_view text, bool decimalComma, Kind kind, Cell& cell
         std::replace(withPoint.begin(), withPoint.end(), ',', '.');
         digits = withPoint;
     }
-    // The dump writes what stands in a database, and that may be infinite.
-    const bool infinite = digits == "inf" || digits == "-inf";
     Float number = 0;
     const auto [end, failure] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
     if (end != digits.data() + digits.size() || failure == std::errc::invalid_argument ||
-        !(infinite || BeginsNumber(digits)))
+        !BeginsNumber(digits))
         return Quoted(text) + " is not a number";
     if (failure != std::errc{}) return Quoted(text) + " does not fit " + std::string(KindName(kind));
     cell.Is = Cell::Tag::Real;

@@ -25,7 +25,8 @@ std::string Condition(const TargetColumn& column) {
             return outside("-1", "0");
         case Kind::R4:
         case Kind::R8:
-            return type + " NOT IN ('null', 'real', 'integer')";
+            // 9e999 is how the engine writes what is infinite; no file could bring it back.
+            return "(" + type + " NOT IN ('null', 'real', 'integer') OR " + name + " IN (9e999, -9e999))";
         case Kind::Text:
         case Kind::Date:
         case Kind::Null:

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <limits>
 
 #include "store/load/Problems.h"
@@ -66,12 +65,6 @@ constexpr TextChoice AllChoices[] = {
     {"RechenProjekt", "RechManEbene", Ebenen},
 };
 
-/// A result may be infinite: a dump has to give back what the last run wrote.
-bool HoldsResults(std::string_view table) {
-    return table.starts_with("awaErg") || table.starts_with("sesErg") || table.starts_with("rpt_") ||
-           table == "awaArtenlisteHaeufigkeit";
-}
-
 std::string Choices(const TargetColumn& column) {
     std::string out;
     for (std::size_t i = 0; i < column.Texts.size(); ++i) {
@@ -94,7 +87,6 @@ std::span<const TextChoice> TextChoices() { return AllChoices; }
 
 void Restrict(TargetTable& table) {
     for (TargetColumn& column : table.Columns) {
-        column.Finite = !HoldsResults(table.Name);
         column.Least = -Any;
         column.Most = Any;
     }
@@ -127,7 +119,6 @@ std::string RangeFault(const Cell& cell, const TargetColumn& column) {
         return Quoted(cell.Text) + " is none of " + Choices(column);
     }
     const double number = cell.Is == Cell::Tag::Integer ? static_cast<double>(cell.Integer) : cell.Real;
-    if (column.Finite && std::isinf(number)) return "an infinite number is not permitted";
     if (number < column.Least)
         return Shown(cell, column) + " is below " + NumberText(column.Least) + ", the least that is possible";
     if (number > column.Most)

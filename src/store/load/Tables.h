@@ -19,7 +19,6 @@ struct TargetColumn : dialect::ColumnInfo {
     bool Required =
         false;  ///< a file may not leave it empty: `NotNull`, or a reference that leads to the row
     bool HasDefault = false;
-    bool Finite = true;                                       ///< an infinite number is refused
     double Least = -std::numeric_limits<double>::infinity();  ///< smallest number that is possible
     double Most = std::numeric_limits<double>::infinity();    ///< greatest number that is possible
     std::span<const std::string_view> Texts;                  ///< texts to choose from; empty = any
