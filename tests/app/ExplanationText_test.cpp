@@ -224,6 +224,18 @@ TEST(ExplanationText, TellsAFailureAndAMissingSample) {
     EXPECT_THAT(Printed(empty), Not(HasSubstr("SapIndex")));
 }
 
+TEST(ExplanationText, TellsACoverThatWasNotEnteredFrom0) {
+    Explanation explanation = OneMacroalga();
+    EXPECT_THAT(Printed(explanation), HasSubstr("Gesamtdeckung ohne Kieselalgen: 50 %\n"));
+    explanation.DG_Gesamt = 0;
+    explanation.DG_Makroalgen = std::nullopt;
+    EXPECT_THAT(Printed(explanation), HasSubstr("Gesamtdeckung ohne Kieselalgen: 0 %\n"));
+    EXPECT_THAT(Printed(explanation), HasSubstr("Deckung der Makroalgen: nicht eingetragen\n"));
+    EXPECT_THAT(Printed(explanation, English), HasSubstr("Cover of the macroalgae: not entered\n"));
+    EXPECT_EQ(ExplanationAsJson(explanation)["DG_Gesamt"], 0.0);
+    EXPECT_TRUE(ExplanationAsJson(explanation)["DG_Makroalgen"].is_null());
+}
+
 TEST(ExplanationText, SaysNullAndNotCalculatedInsteadOfZero) {
     Explanation failed = OneMacroalga();
     failed.IstWRRL = true;
