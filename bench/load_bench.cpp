@@ -31,7 +31,11 @@ double SecondsSince(Clock::time_point begin) {
 
 /// The tables of a project with `subHabitats` sub-habitats as CSV texts.
 struct Project {
-    std::string Teilraum = "ID_TR,TRBez\n";
+    std::string Projekt = "ID_PRJ,PRJBez\n1,Flüsse\n";
+    std::string Abschnitt = "ID_AB,ID_PRJ\n1,1\n";
+    std::string UnvUStelle = "ID_UUS,ID_AB\n1,1\n";
+    std::string VerUStelle = "ID_VUS,ID_UUS\n1,1\n";
+    std::string Teilraum = "ID_TR,ID_VUS,TRBez\n";
     std::string awaTeilraum = "ID_TR,DG_Gesamt,DG_MA\n";
     std::string awaPrStelle = "ID_PS,ID_TR,PSBez\n";
     std::string awaArt = "ID_ART,Gattung,Art\n";
@@ -43,18 +47,22 @@ struct Project {
             awaArt += std::to_string(taxon) + ",Gattung,art" + std::to_string(taxon) + '\n';
         for (int id = 1; id <= subHabitats; ++id) {
             const std::string key = std::to_string(id);
-            Teilraum += key + ",Stelle " + key + '\n';
+            Teilraum += key + ",1,Stelle " + key + '\n';
             awaTeilraum += key + ",42.5,12\n";
             awaPrStelle += key + ',' + key + ",Probe\n";
             for (int n = 0; n < FindingsEach; ++n)
                 awaArtPrStelle += key + ',' + std::to_string(1 + (id * 7 + n) % Taxa) + ",0,0," +
                                   std::to_string(n % 20) + ".25,0.5," + std::to_string(n * 3) + ",0\n";
         }
-        Rows = Taxa + std::int64_t{subHabitats} * (3 + FindingsEach);
+        Rows = 4 + Taxa + std::int64_t{subHabitats} * (3 + FindingsEach);
     }
 
     std::vector<LoadText> Files() const {
-        return {{"Teilraum.csv", Teilraum},
+        return {{"Projekt.csv", Projekt},
+                {"Abschnitt.csv", Abschnitt},
+                {"UnvUStelle.csv", UnvUStelle},
+                {"VerUStelle.csv", VerUStelle},
+                {"Teilraum.csv", Teilraum},
                 {"awaTeilraum.csv", awaTeilraum},
                 {"awaPrStelle.csv", awaPrStelle},
                 {"awaArt.csv", awaArt},

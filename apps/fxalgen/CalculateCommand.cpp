@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <optional>
 #include <ostream>
 
 #include "FX_Algen/AL_PS.h"
@@ -53,7 +54,7 @@ public:
     }
 
     Exit Execute(Streams& streams) override {
-        const Scope scope = scope_.empty() ? Scope{} : ParseScope(scope_);
+        const Scope scope = scope_ ? ParseScope(*scope_) : Scope{};
         const auto workspace = std::make_shared<store::Workspace>();
         const store::DatabasePtr database = workspace->OpenDatabase(path_);
         const std::vector<Teilraum> list = ReadTeilraeume(*database, scope);
@@ -144,7 +145,7 @@ private:
     }
 
     std::string path_;
-    std::string scope_;
+    std::optional<std::string> scope_;
     bool seston_ = false;
     bool wrrl_ = false;
 };

@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <optional>
 #include <ostream>
 
 #include "FX_Algen/Coverage.h"
@@ -67,7 +68,7 @@ public:
     }
 
     Exit Execute(Streams& streams) override {
-        const Scope scope = scope_.empty() ? Scope{} : ParseScope(scope_);
+        const Scope scope = scope_ ? ParseScope(*scope_) : Scope{};
         const store::DatabasePtr database = store::Workspace().OpenDatabase(path_);
         const ResultKind& kind = seston_ ? SestonResults() : wrrl_ ? WrrlResults() : ClassicResults();
         const ResultSet results = Read(database, kind, scope);
@@ -135,7 +136,7 @@ private:
     }
 
     std::string path_;
-    std::string scope_;
+    std::optional<std::string> scope_;
     std::string format_ = "table";
     bool seston_ = false;
     bool wrrl_ = false;

@@ -65,7 +65,7 @@ TEST_F(Calculate, TellsWhichScopeDoesNotExistAndLeavesTheResults) {
 }
 
 TEST_F(Calculate, RefusesScopesOfAnotherForm) {
-    for (const std::string scope : {"Projekt", "Projekt:", "Projekt:x", "Projekt:1x", "Gebiet:1", ":1"}) {
+    for (const std::string scope : {"", "Projekt", "Projekt:", "Projekt:x", "Projekt:1x", "Gebiet:1", ":1"}) {
         const Outcome outcome = Call({"calculate", path_, "--scope", scope});
         EXPECT_EQ(outcome.Code, 2) << scope;
         EXPECT_THAT(outcome.Err, HasSubstr("Projekt:<ID_PRJ>"));
