@@ -85,10 +85,12 @@ INSTANTIATE_TEST_SUITE_P(
              {{"awaPrStelle.csv", "ID_PS,ID_TR\n9,\n"}, {"awaTeilraum_MI.csv", "ID_TR_MI,ID_TR\n9,\n"}},
              "awaPrStelle.csv:2:ID_TR: the reference may not be empty: nothing would lead to the row\n"
              "awaTeilraum_MI.csv:2:ID_TR: the reference may not be empty: nothing would lead to the row\n"},
-        Case{"ChainOfTheTaxonomyMayLackRows",
-             {{"awaArt.csv", "ID_ART,ID_UFAM\n9,77\n"},
-              {"awaFamilie.csv", "ID_FAM,ID_UEFAM,ID_GRGR\n77,78,99\n"}},
-             ""},
+        // A taxon whose chain leads nowhere would silently be left out of an assessment.
+        Case{"ChainIsPermittedButNoWrongKeyInIt",
+             {{"awaArt.csv", "ID_ART,ID_UFAM\n9,77\n10,0\n11,\n"},
+              {"awaFamilie.csv", "ID_FAM,ID_GRGR\n77,99\n78,\n"}},
+             "awaArt.csv:2:ID_UFAM: awaUnterFam has no row with ID_UFAM 77\n"
+             "awaFamilie.csv:2:ID_GRGR: awaGrossGr has no row with ID_GRGR 99\n"},
         Case{"TaxonOfAReferenceSpeciesIsRefused",
              {{"awaRefArt_TypB.csv", "ID_Art,ID_AL_Bioregion,ID_AL_Hoehenstufe\n,,\n"}},
              "awaRefArt_TypB.csv:2:ID_Art: the reference may not be empty: nothing would lead to the row\n"}),
@@ -157,7 +159,13 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     Texts, Rule,
-    testing::Values(Case{"OfGroupsAreTwo",
+    testing::Values(Case{"OfKindsOfAlgaeAreThoseOfTheList",
+                         {{"awaArt.csv", "ID_ART\n7\n8\n9\n"},
+                          {"awaModulStandard.csv",
+                           "ID_ART,Algenart\n5,Makroalgen\n7,makroalge\n8,\n9,Fädige\n"},
+                          {"awaAL_Algenart.csv", "RF,Algenart\n3,Fädige\n"}},
+                         "awaModulStandard.csv:2:Algenart: awaAL_Algenart has no kind 'Makroalgen'\n"},
+                    Case{"OfGroupsAreTwo",
                          {{"awaWRRL_ERI.csv", "Taxagruppe,Bioregionstyp\nAlle,A\nka,A\nMA,A\n"}},
                          "awaWRRL_ERI.csv:4:Taxagruppe: 'MA' is none of Alle or KA\n"},
                     Case{"OfLevelsAreFive",

@@ -386,6 +386,7 @@ void Loader::CheckReferences() {
     for (const TableFile& file : files_)
         for (const Reference& reference : ReferencesOf(file.Table().Name)) CheckReference(file, reference);
     CheckMembers();
+    CheckKindsOfAlgae();
     CheckOrphans();
 }
 
@@ -450,6 +451,26 @@ void Loader::CheckMembers() {
             problems_.Add({file->FileName(), batch.Lines[i], "ID_Ebene",
                            std::string(at->second->Parent) + " has no row with " +
                                std::string(at->second->Key) + " " + std::to_string(row[member].Integer)});
+        }
+    }
+}
+
+/// Kinds of algae are texts. A taxon whose kind is not in the list belongs to no kind.
+void Loader::CheckKindsOfAlgae() {
+    const TableFile* file = FileOf("awaModulStandard");
+    if (file == nullptr || !file->Usable() || !IsKnown("awaAL_Algenart")) return;
+    const auto position = file->PositionOf(file->Table().Find("Algenart"));
+    if (!position) return;
+    std::unordered_set<std::string> kinds{""};
+    const auto statement = engine_->Prepare("SELECT Algenart FROM awaAL_Algenart WHERE Algenart IS NOT NULL");
+    while (statement->Step()) kinds.insert(dialect::Fold(statement->Text(0)));
+    TableFile::Rows rows(*file);
+    for (Batch batch; rows.Next(batch, 1000);) {
+        for (std::size_t i = 0; i < batch.Lines.size(); ++i) {
+            const Cell& cell = batch.Row(i, file->Columns().size())[*position];
+            if (cell.Is == Cell::Tag::Text && !kinds.contains(dialect::Fold(cell.Text)))
+                problems_.Add({file->FileName(), batch.Lines[i], "Algenart",
+                               "awaAL_Algenart has no kind " + Quoted(cell.Text)});
         }
     }
 }

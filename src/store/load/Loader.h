@@ -69,6 +69,7 @@ private:
     void CheckReferences();
     void CheckReference(const TableFile& file, const Reference& reference);
     void CheckMembers();
+    void CheckKindsOfAlgae();
     void CheckOrphans();
     bool IsKnown(std::string_view table) const;
     const Progress& ProgressOf(const TableFile& file) const;

@@ -13,8 +13,7 @@ constexpr bool Leading = true;
 
 // The engine enforces one of these (stand to shares); the others may dangle in a living database, because a
 // taxon that goes with its level leaves its findings behind. What comes in from outside must be whole.
-// Result tables are not listed: the next run empties them. Nor is the taxonomy, from the taxon upward: its
-// chains may lack rows.
+// Result tables are not listed: the next run empties them.
 constexpr Reference All[] = {
     {"Abschnitt", "ID_PRJ", "Projekt", "ID_PRJ"},
     {"UnvUStelle", "ID_AB", "Abschnitt", "ID_AB"},
@@ -35,6 +34,7 @@ constexpr Reference All[] = {
     {"awaArtPrStelle_MI", "ID_TR_MI", "awaTeilraum_MI", "ID_TR_MI"},
     {"awaArtPrStelle_MI", "ID_ART", "awaArt", "ID_ART"},
 
+    {"awaArt", "ID_UFAM", "awaUnterFam", "ID_UFAM", ZeroIsNone, false},
     {"awaModulStandard", "ID_ART", "awaArt", "ID_ART"},
     {"awaModulStandard", "Lebensform", "awaAL_Lebensform", "ID_AL_Lebensform"},
     {"awaArtKatalog", "ID_ART", "awaArt", "ID_ART"},
@@ -44,6 +44,26 @@ constexpr Reference All[] = {
     {"awaArtAutoekologie", "ID_Art", "awaArt", "ID_ART"},
     {"awaFundarchiv", "ID_Art", "awaArt", "ID_ART"},
     {"awaSynArt", "ID_SYN", "awaArt", "ID_ART", false, Leading},
+
+    {"awaUnterreich", "ID_REICH", "awaReich", "ID_REICH", ZeroIsNone, false},
+    {"awaStamm", "ID_UREICH", "awaUnterreich", "ID_UREICH", ZeroIsNone, false},
+    {"awaUnterstamm", "ID_STAMM", "awaStamm", "ID_STAMM", ZeroIsNone, false},
+    {"awaUeberklasse", "ID_USTAMM", "awaUnterstamm", "ID_USTAMM", ZeroIsNone, false},
+    {"awaKlasse", "ID_UEKLASSE", "awaUeberklasse", "ID_UEKLASSE", ZeroIsNone, false},
+    {"awaZwgrKlasse", "ID_KLASSE", "awaKlasse", "ID_KLASSE", ZeroIsNone, false},
+    {"awaUnterklasse", "ID_ZGKLASSE", "awaZwgrKlasse", "ID_ZGKLASSE", ZeroIsNone, false},
+    {"awaUeberordnung", "ID_UKLASSE", "awaUnterklasse", "ID_UKLASSE", ZeroIsNone, false},
+    {"awaOrdnung", "ID_UEORDNUNG", "awaUeberordnung", "ID_UEORDNUNG", ZeroIsNone, false},
+    {"awaUnterordnung", "ID_ORDNUNG", "awaOrdnung", "ID_ORDNUNG", ZeroIsNone, false},
+    {"awaInfraordnung", "ID_UORDNUNG", "awaUnterordnung", "ID_UORDNUNG", ZeroIsNone, false},
+    {"awaZwgrOrdnung", "ID_IORDNUNG", "awaInfraordnung", "ID_IORDNUNG", ZeroIsNone, false},
+    {"awaFamilienreihe", "ID_ZGORDNUNG", "awaZwgrOrdnung", "ID_ZGORDNUNG", ZeroIsNone, false},
+    {"awaZwgrReihe1", "ID_FAMREIHE", "awaFamilienreihe", "ID_FAMREIHE", ZeroIsNone, false},
+    {"awaZwgrReihe2", "ID_ZGREIHE1", "awaZwgrReihe1", "ID_ZGREIHE1", ZeroIsNone, false},
+    {"awaUeberfamilie", "ID_ZGREIHE2", "awaZwgrReihe2", "ID_ZGREIHE2", ZeroIsNone, false},
+    {"awaFamilie", "ID_UEFAM", "awaUeberfamilie", "ID_UEFAM", ZeroIsNone, false},
+    {"awaFamilie", "ID_GRGR", "awaGrossGr", "ID_GRGR", ZeroIsNone, false},
+    {"awaUnterFam", "ID_FAM", "awaFamilie", "ID_FAM", ZeroIsNone, false},
 
     {"awaWRRL_TGZK", "ID_AL_Bioregion", "AL_Bioregion", "ID_AL_Bioregion"},
     {"awaWRRL_SGZK", "ID_AL_Bioregion", "AL_Bioregion", "ID_AL_Bioregion"},
