@@ -5,6 +5,8 @@
 #include "FX_Algen/AL_Katalog.h"
 #include "FX_Algen/AL_PS.h"
 #include "FX_Algen/AL_PS_Grafik.h"
+#include "FX_Algen/Assessment.h"
+#include "FX_Algen/AssessmentTrace.h"
 #include "FX_Algen/Coverage.h"
 #include "FX_Algen/Create.h"
 #include "FX_Algen/Display.h"

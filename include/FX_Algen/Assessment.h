@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "FX_Algen/AssessmentTrace.h"
+#include "FX_Algen/Explain.h"
+#include "FX_Algen/Store.h"
+
+/// For hosts that assess: what to set for a sub-habitat, what its reference tables lack, and where its
+/// classes come from.
+namespace FX_Algen {
+
+class AL_PS;
+
+/// What the assessment of a sub-habitat asks of its site.
+struct AssessmentSite {
+    std::int32_t ID_TR = 0;
+    std::int32_t ID_PRJ = 0;       ///< its project; 0 where the tree above it is broken
+    std::string USBez;             ///< its station
+    std::int32_t BioregionID = 0;  ///< `UnvUStelle.ID_AL_Bioregion`; 0 for Null
+    std::int16_t Hoehenstufe = 0;  ///< `AL_Hoehenstufe.Hoehenstufe`; 0 for Null
+    std::string RefBioregionen;    ///< short signs as the station lists them
+    /// Condition over the columns of `awaRefArt_TypB`, made of `RefBioregionen`. Empty where that is empty:
+    /// all reference species of type B count then, which deserves a warning.
+    std::string RefBioregion;
+};
+
+/// Reads the site of a sub-habitat. Each element of `RefBioregionen` is a `Kurzzeichen` with an optional last
+/// digit, the altitude step. Fails with 3265 where the sub-habitat or a `Kurzzeichen` does not exist; the
+/// description names station and sign.
+AssessmentSite ReadAssessmentSite(const store::DatabasePtr& database, std::int32_t ID_TR);
+
+/// Sets sub-habitat, scope (its own project, `USTAuswahl` false) and site into an instance.
+void SetAssessmentSite(AL_PS& ps, const AssessmentSite& site);
+
+/// The reference rows that the stored assessments of a sub-habitat lacked, each once: lookups whose marker
+/// value was stored. The class at the raised ratio is told only where that ratio is at most 1.
+std::vector<ReferenceLookup> MissingReferences(const store::DatabasePtr& database,
+                                               const AssessmentSite& site);
+
+/// One assessment of a sub-habitat, explained.
+struct ExplainedAssessment {
+    bool KAOnly = false;
+    AssessmentTrace Trace;
+    std::vector<ExplainedIndex> Indices;  ///< SapIndex, SapIndex_KA, TI, TI_N, TI_KA in the run's variant
+    StoredResult State = StoredResult::Missing;
+    std::vector<ExplainedColumn> Columns;  ///< every column of `awaErgWRRL`, in its order
+    std::optional<Explanation::Failure> Failed;
+};
+
+/// Explains the stored assessments of a sub-habitat, first that over all groups, then that of the diatoms
+/// alone: assesses it anew with the routines themselves, takes down how the classes come about, compares with
+/// the stored rows, and undoes every change. Empty where none is stored.
+std::vector<ExplainedAssessment> ExplainAssessments(const store::DatabasePtr& database,
+                                                    const AssessmentSite& site);
+
+/// Names of taxa by their keys, for those that an explanation names.
+std::string TaxonName(const store::DatabasePtr& database, std::int32_t ID_ART);
+
+}  // namespace FX_Algen
