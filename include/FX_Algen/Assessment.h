@@ -36,10 +36,18 @@ AssessmentSite ReadAssessmentSite(const store::DatabasePtr& database, std::int32
 /// Sets sub-habitat, scope (its own project, `USTAuswahl` false) and site into an instance.
 void SetAssessmentSite(AL_PS& ps, const AssessmentSite& site);
 
-/// The reference rows that the stored assessments of a sub-habitat lacked, each once: lookups whose marker
-/// value was stored. The class at the raised ratio is told only where that ratio is at most 1.
+/// The reference rows that the stored assessments of a sub-habitat lacked, each once, the cause before what
+/// follows from it: lookups whose marker value was stored and that find no row. The class at the raised ratio
+/// is told only where that ratio is at most 1. Columns that are still Null after a failed run are passed
+/// over.
 std::vector<ReferenceLookup> MissingReferences(const store::DatabasePtr& database,
                                                const AssessmentSite& site);
+
+/// The reference rows that the first run of a sub-habitat will lack among the reference classes and expected
+/// values, each once: what `Pruefung_WRRL` looks for, with table and key. The frequency list must hold the
+/// column of the sub-habitat; without it the answer is that for the group "KA".
+std::vector<ReferenceLookup> MissingExpectedValues(const store::DatabasePtr& database,
+                                                   const AssessmentSite& site);
 
 /// One assessment of a sub-habitat, explained.
 struct ExplainedAssessment {
