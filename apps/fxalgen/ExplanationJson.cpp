@@ -48,6 +48,8 @@ std::string_view NameOf(LeftOutRule rule) {
             return "OtherMajorGroup";
         case LeftOutRule::NoTaxonomy:
             return "NoTaxonomy";
+        case LeftOutRule::DiatomsOnly:
+            return "DiatomsOnly";
         case LeftOutRule::FailedHere:
             return "FailedHere";
         case LeftOutRule::NotCalculated:

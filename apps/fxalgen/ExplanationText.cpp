@@ -73,6 +73,8 @@ std::int16_t WordOf(LeftOutRule rule) {
             return words::OtherMajorGroup;
         case LeftOutRule::NoTaxonomy:
             return words::NoTaxonomy;
+        case LeftOutRule::DiatomsOnly:
+            return words::DiatomsOnly;
         case LeftOutRule::FailedHere:
             return words::FailedHere;
         case LeftOutRule::NotCalculated:

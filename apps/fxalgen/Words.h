@@ -97,6 +97,7 @@ inline constexpr std::int16_t CalculationFailed = 5366;
 inline constexpr std::int16_t NoFindings = 5367;
 inline constexpr std::int16_t NotEntered = 5368;
 inline constexpr std::int16_t StateIncomplete = 5369;
+inline constexpr std::int16_t DiatomsOnly = 5400;
 }  // namespace words
 
 /// The text with its place holder "|" replaced.

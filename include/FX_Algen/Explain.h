@@ -61,6 +61,7 @@ enum class LeftOutRule : std::uint8_t {
     OtherLebensform,  ///< assessment variant: the life form of the taxon is not 1
     OtherMajorGroup,  ///< assessment variant: its major group is that of the diatoms, or 132 and above
     NoTaxonomy,       ///< assessment variant: the taxon does not reach a family
+    DiatomsOnly,      ///< the run is one of the diatoms alone: other findings are not read
     FailedHere,       ///< the calculation failed at this finding: a value that it needs is Null
     NotCalculated,    ///< the calculation failed before it came to this finding
 };
@@ -161,6 +162,7 @@ struct Explanation {
     float Summe_KA = 0;
     std::vector<ExplainedStand> Stands;
 
+    /// The quantity index is missing where an assessment left the row: it calculates none.
     std::vector<ExplainedIndex> Indices;
     std::vector<ExplainedClass> Classes;
     std::vector<ExplainedClassRow> ClassRows;

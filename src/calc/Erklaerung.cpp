@@ -160,13 +160,38 @@ ExplainedIndex ErklaereIndex(std::string spalte, const std::vector<Beitrag>& bei
     for (std::size_t i = 0; i < funde.size(); ++i) {
         for (const auto block : Moeglich(funde[i], nurSchalen)) {
             if (zuordnung.Gezaehlt(i, block)) continue;
-            auto regel = Auslassregel(funde[i], {block, mitAlgenart, basis.IstWRRL, basis.DG_Gesamt});
+            auto regel =
+                Auslassregel(funde[i], {block, mitAlgenart, basis.IstWRRL, basis.DG_Gesamt, basis.KAOnly});
             if (abbruch.IstFund(i, block)) regel = LeftOutRule::FailedHere;
             index.LeftOut.push_back(
                 {block, funde[i].Wer, Abundanz(funde[i], block), regel.value_or(LeftOutRule::NotCalculated)});
         }
     }
     return index;
+}
+
+std::vector<ExplainedIndex> ErklaereIndizes(const Spur& spur, const Erklaerungsbasis& basis) {
+    std::vector<ExplainedIndex> indizes;
+    const auto anfuegen = [&](const auto& lauf, ExplainedIndex index, const Summe32& gewichte,
+                              const Summe32& werte) {
+        if (lauf.Fertig) {
+            index.WeightSum = static_cast<double>(gewichte.Wert());
+            index.ValueSum = static_cast<double>(werte.Wert());
+        }
+        indizes.push_back(std::move(index));
+    };
+    const auto sap = spur.Saprobie.value_or(SaprobieSpur{});
+    anfuegen(sap, ErklaereIndex("SapIndex", sap.Beitraege, false, false, basis), sap.Summen.Gewicht,
+             sap.Summen.GewichtSI);
+    anfuegen(sap, ErklaereIndex("SapIndex_KA", sap.Beitraege, false, true, basis), sap.Summen.Gewicht_KA,
+             sap.Summen.GewichtSI_KA);
+    const auto troph = spur.Trophie.value_or(TrophieSpur{});
+    anfuegen(troph, ErklaereIndex("TI", troph.TI, true, false, basis), troph.Summen.TI, troph.Summen.TI_S);
+    anfuegen(troph, ErklaereIndex("TI_N", troph.TI_N, true, false, basis), troph.Summen.TI_N,
+             troph.Summen.TI_N_S);
+    anfuegen(troph, ErklaereIndex("TI_KA", troph.TI, true, true, basis), troph.Summen.TI_KA,
+             troph.Summen.TI_KA_S);
+    return indizes;
 }
 
 ExplainedIndex ErklaereMenge(const AMISpur& spur, const Erklaerungsbasis& basis) {

@@ -20,11 +20,15 @@ struct Erklaerungsbasis {
     std::optional<Gesamtdeckung> DG_Gesamt;  ///< absent where it was not entered
     /// Where the calculation failed, if a Null ended it.
     const NullImWert* Abbruch = nullptr;
+    bool KAOnly = false;  ///< the run is one of the diatoms alone
 };
 
 /// An index over the blocks, from its contributions. `nurSchalen`: of the diatoms alone.
 ExplainedIndex ErklaereIndex(std::string spalte, const std::vector<Beitrag>& beitraege, bool mitAlgenart,
                              bool nurSchalen, const Erklaerungsbasis& basis);
+
+/// The five indices of saprobic and trophic calculation, `SapIndex` to `TI_KA`, from the trace of a run.
+std::vector<ExplainedIndex> ErklaereIndizes(const Spur& spur, const Erklaerungsbasis& basis);
 
 /// The quantity index.
 ExplainedIndex ErklaereMenge(const AMISpur& spur, const Erklaerungsbasis& basis);

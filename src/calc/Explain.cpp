@@ -9,9 +9,9 @@
 #include "calc/Berechnung.h"
 #include "calc/Erklaerung.h"
 #include "calc/Lesen.h"
+#include "calc/Nachrechnung.h"
 #include "calc/Schritte.h"
 #include "store/Connection.h"
-#include "store/ThreadValues.h"
 
 namespace FX_Algen {
 namespace {
@@ -28,30 +28,10 @@ constexpr std::array<std::string_view, 8> Zaehlspalten{"Taxa",    "Taxa_KA", "Ta
 
 constexpr std::array<std::string_view, 7> Klassennamen{"I", "I-II", "II", "II-III", "III", "III-IV", "IV"};
 
-/// The classic result row of a sub-habitat by column; empty where there is none.
-using Ergebnis = std::map<std::string, store::Value, std::less<>>;
-
-Ergebnis LiesErgebnis(store::Database& database, std::int32_t ID_TR) {
-    Ergebnis ergebnis;
-    const auto zeile = database.OpenRecordset(calc::abfragen::Ergebniszeile(ID_TR, false));
-    if (!zeile->Eof()) {
-        for (const auto spalte : Spalten) ergebnis.emplace(spalte, (*zeile)[spalte]);
-        for (const auto spalte : calc::KlassenSpalten) ergebnis.emplace(spalte, (*zeile)[spalte]);
-    }
-    zeile->Close();
-    return ergebnis;
-}
-
-store::Value Wert(const Ergebnis& ergebnis, std::string_view spalte) {
-    const auto fund = ergebnis.find(spalte);
-    return fund == ergebnis.end() ? store::Value() : fund->second;
-}
-
-bool HatZeile(store::Database& database, const std::string& abfrage) {
-    const auto zeilen = database.OpenRecordset(abfrage);
-    const bool gefunden = !zeilen->Eof();
-    zeilen->Close();
-    return gefunden;
+std::vector<std::string> AlleSpalten() {
+    std::vector<std::string> spalten(Spalten.begin(), Spalten.end());
+    spalten.insert(spalten.end(), calc::KlassenSpalten.begin(), calc::KlassenSpalten.end());
+    return spalten;
 }
 
 std::string Teilraumname(store::Database& database, const std::string& id) {
@@ -61,59 +41,42 @@ std::string Teilraumname(store::Database& database, const std::string& id) {
     return name;
 }
 
-/// The counters of the thread belong to the calculation of the host; a rerun gives them back.
-class Zaehlerschutz {
-public:
-    Zaehlerschutz() : gemerkt_(store::Thread().GueteklasseAnzahl) {}
-    ~Zaehlerschutz() { store::Thread().GueteklasseAnzahl = gemerkt_; }
-    Zaehlerschutz(const Zaehlerschutz&) = delete;
-    Zaehlerschutz& operator=(const Zaehlerschutz&) = delete;
-
-private:
-    calc::Klassenzahlen gemerkt_;
-};
-
 struct Rerun {
     calc::Spur Spur;
-    Ergebnis Neu;
-    std::optional<Explanation::Failure> Failed;
-    std::optional<calc::NullImWert> Abbruch;
+    calc::Ergebnis Neu;
+    calc::Ausgang Ausgang;
 };
 
-Rerun Nachrechnen(const store::DatabasePtr& database, std::int32_t ID_TR, bool IstWRRL) {
-    Rerun rerun;
-    const Zaehlerschutz zaehler;
-    const store::Savepoint savepoint(database->SharedConnection());
-    database->Execute("DELETE * FROM awaErgProjekt WHERE ID=" + store::NumberText(ID_TR) + ";");
-    try {
-        Berechnung_Execute(database, ID_TR, IstWRRL, false, false, &rerun.Spur);
-    } catch (const calc::NullImWert& error) {
-        rerun.Abbruch = error;
-        rerun.Failed = Explanation::Failure{error.Number(), error.Description()};
-    } catch (const Error& error) {
-        rerun.Failed = Explanation::Failure{error.Number(), error.Description()};
-    }
-    rerun.Neu = LiesErgebnis(*database, ID_TR);
-    return rerun;
+/// Whether a stored row was left by an assessment: such a run calculates no quantity index, and leaves a row
+/// with the same key in `awaErgWRRL`. The flag keeps out a classic calculation that failed before the
+/// quantity index while an older assessment still stands in `awaErgWRRL`.
+bool AusBewertung(store::Database& database, const std::string& id, const calc::Ergebnis& alt) {
+    if (alt.empty() || !calc::Wert(alt, "AMI").IsNull()) return false;
+    const auto variante = calc::Wert(alt, "IstWRRL");
+    if (variante.IsNull() || !variante.Bool()) return false;
+    return calc::HatZeile(database, "SELECT ID FROM awaErgWRRL WHERE ID=" + id + " AND KAOnly=0;");
 }
 
-void Vergleichen(const Ergebnis& neu, const Ergebnis& alt, Explanation& explanation) {
-    bool veraltet = neu.empty() != alt.empty();
-    const auto vergleiche = [&](std::string_view spalte) {
-        auto ergebnis = Wert(neu, spalte);
-        auto gespeichert = Wert(alt, spalte);
-        const bool anders = !alt.empty() && ergebnis != gespeichert;
-        veraltet = veraltet || anders;
-        explanation.Columns.push_back(
-            {std::string(spalte), std::move(ergebnis), std::move(gespeichert), anders});
-    };
-    for (const auto spalte : Spalten) vergleiche(spalte);
-    for (const auto spalte : calc::KlassenSpalten) vergleiche(spalte);
-    if (alt.empty()) {
-        explanation.State = StoredResult::Missing;
-    } else {
-        explanation.State = veraltet ? StoredResult::OutOfDate : StoredResult::Current;
-    }
+/// Calculates the sub-habitat anew as its row came about: `ohneMenge` as an assessment does, without quantity
+/// index.
+Rerun Nachrechnen(const store::DatabasePtr& database, std::int32_t ID_TR, bool IstWRRL, bool ohneMenge) {
+    Rerun rerun;
+    const calc::Zaehlerschutz zaehler;
+    const store::Savepoint savepoint(database->SharedConnection());
+    const auto id = store::NumberText(ID_TR);
+    database->Execute("DELETE * FROM awaErgProjekt WHERE ID=" + id + ";");
+    rerun.Ausgang = calc::Versuche([&] {
+        if (!ohneMenge) {
+            Berechnung_Execute(database, ID_TR, IstWRRL, false, false, &rerun.Spur);
+            return;
+        }
+        database->Execute("INSERT INTO awaErgProjekt (ID, IstWRRL) VALUES(" + id + ", " +
+                          std::string(calc::abfragen::Flagge(IstWRRL)) + ");");
+        Berechnung_Saprobie(database, ID_TR, false, IstWRRL, false, false, &rerun.Spur);
+        Berechnung_Trophie(database, ID_TR, IstWRRL, false, false, &rerun.Spur);
+    });
+    rerun.Neu = calc::LiesErgebnis(*database, calc::abfragen::Ergebniszeile(ID_TR, false), AlleSpalten());
+    return rerun;
 }
 
 std::optional<float> Zahl(const store::Value& wert) {
@@ -144,29 +107,6 @@ void ErklaereBestaende(const calc::Probe& probe, const calc::Grundlagen& basis, 
     }
 }
 
-void ErklaereIndizes(const calc::Spur& spur, const calc::Erklaerungsbasis& basis, Explanation& explanation) {
-    const auto anfuegen = [&](const auto& lauf, ExplainedIndex index, const calc::Summe32& gewichte,
-                              const calc::Summe32& werte) {
-        if (lauf.Fertig) {
-            index.WeightSum = static_cast<double>(gewichte.Wert());
-            index.ValueSum = static_cast<double>(werte.Wert());
-        }
-        explanation.Indices.push_back(std::move(index));
-    };
-    const auto sap = spur.Saprobie.value_or(calc::SaprobieSpur{});
-    anfuegen(sap, ErklaereIndex("SapIndex", sap.Beitraege, false, false, basis), sap.Summen.Gewicht,
-             sap.Summen.GewichtSI);
-    anfuegen(sap, ErklaereIndex("SapIndex_KA", sap.Beitraege, false, true, basis), sap.Summen.Gewicht_KA,
-             sap.Summen.GewichtSI_KA);
-    const auto troph = spur.Trophie.value_or(calc::TrophieSpur{});
-    anfuegen(troph, ErklaereIndex("TI", troph.TI, true, false, basis), troph.Summen.TI, troph.Summen.TI_S);
-    anfuegen(troph, ErklaereIndex("TI_N", troph.TI_N, true, false, basis), troph.Summen.TI_N,
-             troph.Summen.TI_N_S);
-    anfuegen(troph, ErklaereIndex("TI_KA", troph.TI, true, true, basis), troph.Summen.TI_KA,
-             troph.Summen.TI_KA_S);
-    explanation.Indices.push_back(ErklaereMenge(spur.AMI.value_or(calc::AMISpur{}), basis));
-}
-
 void ErklaereZaehlungen(const calc::Spur& spur, const std::map<std::int32_t, std::string>& namen,
                         Explanation& explanation) {
     if (spur.Saprobie) explanation.ClassRows = ErklaereKlassen(spur.Saprobie->Klassen, namen);
@@ -189,14 +129,6 @@ void ErklaereZaehlungen(const calc::Spur& spur, const std::map<std::int32_t, std
     }
 }
 
-template <class Teile>
-void TrageEin(Teile& teile, const Ergebnis& neu, const Ergebnis& alt) {
-    for (auto& teil : teile) {
-        teil.Result = Wert(neu, teil.Column);
-        teil.Stored = Wert(alt, teil.Column);
-    }
-}
-
 }  // namespace
 
 Explanation Explain(const store::DatabasePtr& database, std::int32_t ID_TR) {
@@ -205,29 +137,35 @@ Explanation Explain(const store::DatabasePtr& database, std::int32_t ID_TR) {
     Explanation explanation;
     explanation.ID_TR = ID_TR;
     explanation.TRBez = Teilraumname(db, id);
-    explanation.Sampled = HatZeile(db, "SELECT ID_TR FROM awaTeilraum WHERE ID_TR=" + id + ";");
-    const auto alt = LiesErgebnis(db, ID_TR);
-    const auto variante = Wert(alt, "IstWRRL");
+    explanation.Sampled = calc::HatZeile(db, "SELECT ID_TR FROM awaTeilraum WHERE ID_TR=" + id + ";");
+    const auto alt = calc::LiesErgebnis(db, calc::abfragen::Ergebniszeile(ID_TR, false), AlleSpalten());
+    const auto variante = calc::Wert(alt, "IstWRRL");
     explanation.IstWRRL = !variante.IsNull() && variante.Bool();
 
-    const auto rerun = Nachrechnen(database, ID_TR, explanation.IstWRRL);
-    explanation.Failed = rerun.Failed;
-    Vergleichen(rerun.Neu, alt, explanation);
+    const bool ohneMenge = explanation.Sampled && AusBewertung(db, id, alt);
+    const auto rerun = Nachrechnen(database, ID_TR, explanation.IstWRRL, ohneMenge);
+    explanation.Failed = rerun.Ausgang.Failed;
+    auto vergleich = calc::Vergleiche(AlleSpalten(), rerun.Neu, alt);
+    explanation.State = vergleich.State;
+    explanation.Columns = std::move(vergleich.Columns);
     if (!explanation.Sampled) return explanation;
 
     const auto probe = calc::LiesProbe(db, ID_TR);
-    const auto basis = rerun.Spur.Saprobie ? rerun.Spur.Saprobie->Basis : calc::Grundlagen{};
+    const auto grundlagen = rerun.Spur.Saprobie ? rerun.Spur.Saprobie->Basis : calc::Grundlagen{};
     ErklaereGrundlagen(db, probe, explanation);
-    ErklaereBestaende(probe, basis, explanation);
-    const auto gesamt =
-        explanation.DG_Gesamt ? std::optional(calc::Gesamtdeckung{*explanation.DG_Gesamt}) : std::nullopt;
-    ErklaereIndizes(rerun.Spur,
-                    {probe, explanation.IstWRRL, gesamt, rerun.Abbruch ? &*rerun.Abbruch : nullptr},
-                    explanation);
+    ErklaereBestaende(probe, grundlagen, explanation);
+    const calc::Erklaerungsbasis basis{
+        probe, explanation.IstWRRL,
+        explanation.DG_Gesamt ? std::optional(calc::Gesamtdeckung{*explanation.DG_Gesamt}) : std::nullopt,
+        rerun.Ausgang.Abbruch ? &*rerun.Ausgang.Abbruch : nullptr};
+    explanation.Indices = calc::ErklaereIndizes(rerun.Spur, basis);
+    if (!ohneMenge) {
+        explanation.Indices.push_back(ErklaereMenge(rerun.Spur.AMI.value_or(calc::AMISpur{}), basis));
+    }
     ErklaereZaehlungen(rerun.Spur, calc::Artnamen(probe), explanation);
-    TrageEin(explanation.Indices, rerun.Neu, alt);
-    TrageEin(explanation.Classes, rerun.Neu, alt);
-    TrageEin(explanation.Counts, rerun.Neu, alt);
+    calc::TrageEin(explanation.Indices, rerun.Neu, alt);
+    calc::TrageEin(explanation.Classes, rerun.Neu, alt);
+    calc::TrageEin(explanation.Counts, rerun.Neu, alt);
     return explanation;
 }
 

@@ -135,6 +135,7 @@ Probe LiesProbe(store::Database& database, std::int32_t ID_TR) {
 std::optional<LeftOutRule> Auslassregel(const Fund& fund, const Bedingungen& bedingungen) {
     const bool schalen = bedingungen.Block == SampleBlock::Valves;
     if (!Ueber0(schalen ? fund.Schalen_KA : fund.DG)) return LeftOutRule::NoAbundance;
+    if (bedingungen.KAOnly && !schalen) return LeftOutRule::DiatomsOnly;
     // A Null total cover keeps nothing out: it ends the calculation.
     if (!schalen && bedingungen.DG_Gesamt && !(bedingungen.DG_Gesamt->Prozent > 0)) {
         return LeftOutRule::NoTotalCover;

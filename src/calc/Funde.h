@@ -47,6 +47,7 @@ struct Bedingungen {
     bool MitAlgenart = false;
     bool IstWRRL = false;
     std::optional<Gesamtdeckung> DG_Gesamt;  ///< absent where it was not entered
+    bool KAOnly = false;                     ///< a run of the diatoms alone reads the valves only
 };
 
 /// The first rule that keeps a finding out of a block; none where it counts.

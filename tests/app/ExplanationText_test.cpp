@@ -98,6 +98,7 @@ TEST(ExplanationText, SaysWhyAFindingDidNotCount) {
         {LeftOutRule::OtherLebensform, "Lebensform zählt nach WRRL nicht"},
         {LeftOutRule::OtherMajorGroup, "Großgruppe zählt nach WRRL nicht"},
         {LeftOutRule::NoTaxonomy, "Systematik führt zu keiner Familie"},
+        {LeftOutRule::DiatomsOnly, "der Lauf zählt die Kieselalgen allein"},
         {LeftOutRule::FailedHere, "hier abgebrochen: ein Wert fehlt (Null)"},
         {LeftOutRule::NotCalculated, "Berechnung vorher abgebrochen"},
     };

@@ -281,6 +281,54 @@ TEST_F(Erklaerung, ComparesEveryColumnThatACalculationWrites) {
     }
 }
 
+/// Leaves the rows of an assessment: it calculates both indices, and no quantity index.
+void Bewerte(Testdatenbank& db, bool IstWRRL = true) {
+    Berechnung_Init(db.Datenbank());
+    db.Ausfuehren(std::string("INSERT INTO awaErgProjekt (ID, IstWRRL) VALUES(17, ") +
+                  (IstWRRL ? "-1" : "0") + ");");
+    Berechnung_Saprobie(db.Datenbank(), TR, false, IstWRRL, false, false);
+    Berechnung_Trophie(db.Datenbank(), TR, IstWRRL, false, false);
+    db.Ausfuehren("DELETE * FROM awaErgWRRL;");
+    db.Ausfuehren("INSERT INTO awaErgWRRL (ID, Taxagruppe) VALUES(17, 'Alle');");
+    db.Datenbank();
+}
+
+TEST_F(Erklaerung, OfTheRowOfAnAssessmentMissesNoQuantityIndex) {
+    Bewerte(db);
+    auto explanation = Explain(db.Datenbank(), TR);
+    EXPECT_EQ(explanation.State, StoredResult::Current);
+    EXPECT_TRUE(explanation.IstWRRL);
+    EXPECT_TRUE(Spalte(explanation, "AMI").Result.IsNull());
+    EXPECT_EQ(explanation.Indices.size(), 5U);
+
+    // a quantity index that would fail is none of its concern
+    db.SetzeNull("awaArtPrStelle", "DG_MA", "ID_ART=1 AND SD_MA=2");
+    Bewerte(db);
+    explanation = Explain(db.Datenbank(), TR);
+    EXPECT_FALSE(explanation.Failed.has_value());
+    EXPECT_EQ(explanation.State, StoredResult::Current);
+
+    db.Ausfuehren("UPDATE awaModulStandard SET SI=2.5 WHERE ID_ART=3;");
+    EXPECT_EQ(Explain(db.Datenbank(), TR).State, StoredResult::OutOfDate);
+}
+
+TEST_F(Erklaerung, MissesTheQuantityIndexWhereNoAssessmentLeftTheRow) {
+    // without the row in awaErgWRRL, with that of the diatoms alone, without the flag
+    Bewerte(db);
+    db.Ausfuehren("DELETE * FROM awaErgWRRL;");
+    EXPECT_TRUE(Spalte(Explain(db.Datenbank(), TR), "AMI").Differs);
+    db.Ausfuehren("INSERT INTO awaErgWRRL (ID, KAOnly, Taxagruppe) VALUES(17, -1, 'KA');");
+    EXPECT_TRUE(Spalte(Explain(db.Datenbank(), TR), "AMI").Differs);
+    Bewerte(db, false);
+    EXPECT_TRUE(Spalte(Explain(db.Datenbank(), TR), "AMI").Differs);
+    // a calculation made after the assessment has a quantity index, which is compared
+    Bewerte(db);
+    Rechne(true);
+    EXPECT_EQ(Explain(db.Datenbank(), TR).State, StoredResult::Current);
+    db.Ausfuehren("UPDATE awaErgProjekt SET AMI=99 WHERE ID=17;");
+    EXPECT_TRUE(Spalte(Explain(db.Datenbank(), TR), "AMI").Differs);
+}
+
 TEST_F(Erklaerung, OfASubHabitatWithoutAlgaeSampleHasNothingToTell) {
     const auto explanation = Explain(db.Datenbank(), 99);
     EXPECT_FALSE(explanation.Sampled);

@@ -68,6 +68,16 @@ TEST_P(Auslassen, NamesTheFirstRuleThatKeepsAFindingOut) {
 }
 INSTANTIATE_TEST_SUITE_P(Rules, Auslassen, testing::ValuesIn(faelle));
 
+TEST(Auslassen, OfARunOfTheDiatomsAloneIsAllButTheValves) {
+    const Gesamtdeckung gesamt{40};
+    Fund fund = Vollstaendig();
+    EXPECT_EQ(Auslassregel(fund, {MA, false, true, gesamt, true}), LeftOutRule::DiatomsOnly);
+    EXPECT_EQ(Auslassregel(fund, {KA, false, true, gesamt, true}), std::nullopt);
+    // what was not found at all is no matter of the run
+    fund.DG = 0;
+    EXPECT_EQ(Auslassregel(fund, {MA, false, true, gesamt, true}), LeftOutRule::NoAbundance);
+}
+
 TEST(AuslassenAusDerMenge, AsksForLayerRatingsAndAlgenart) {
     Fund fund = Vollstaendig();
     EXPECT_EQ(AuslassregelMenge(fund), std::nullopt);
