@@ -49,11 +49,24 @@ std::vector<ReferenceLookup> MissingReferences(const store::DatabasePtr& databas
 std::vector<ReferenceLookup> MissingExpectedValues(const store::DatabasePtr& database,
                                                    const AssessmentSite& site);
 
+/// The class beside that of a quality ratio.
+struct NeighbourClass {
+    std::int16_t OEZK = 0;
+    double Bound = 0;     ///< its bound that is nearest to the ratio
+    double Distance = 0;  ///< from ratio to bound, at least 0; 0 on a bound that both classes share
+};
+
+/// The next better and the next worse class by the bounds of the ratio's group and reference class, whatever
+/// the steps between the class numbers. None where the ratio has no class, or no bounds stand on that side.
+std::optional<NeighbourClass> NextBetterClass(const RatioTrace& ratio);
+std::optional<NeighbourClass> NextWorseClass(const RatioTrace& ratio);
+
 /// One assessment of a sub-habitat, explained.
 struct ExplainedAssessment {
     bool KAOnly = false;
     AssessmentTrace Trace;
-    std::vector<ExplainedIndex> Indices;  ///< SapIndex, SapIndex_KA, TI, TI_N, TI_KA in the run's variant
+    /// SapIndex, SapIndex_KA, TI, TI_N, TI_KA in the run's variant; empty where the rerun assessed nothing.
+    std::vector<ExplainedIndex> Indices;
     StoredResult State = StoredResult::Missing;
     std::vector<ExplainedColumn> Columns;  ///< every column of `awaErgWRRL`, in its order
     std::optional<Explanation::Failure> Failed;
@@ -61,11 +74,14 @@ struct ExplainedAssessment {
 
 /// Explains the stored assessments of a sub-habitat, first that over all groups, then that of the diatoms
 /// alone: assesses it anew with the routines themselves, takes down how the classes come about, compares with
-/// the stored rows, and undoes every change. Empty where none is stored.
+/// the stored rows, and undoes every change. Empty where none is stored. That of the diatoms alone is
+/// assessed after the one over all groups, where that is stored too. Fails with 3343 without a database, and
+/// as the store does where findings cannot be read; a failing assessment is part of the answer.
 std::vector<ExplainedAssessment> ExplainAssessments(const store::DatabasePtr& database,
                                                     const AssessmentSite& site);
 
-/// Names of taxa by their keys, for those that an explanation names.
+/// Name of a taxon, genus and species, for those that an explanation names by their keys; empty where the
+/// catalogue lacks it.
 std::string TaxonName(const store::DatabasePtr& database, std::int32_t ID_ART);
 
 }  // namespace FX_Algen

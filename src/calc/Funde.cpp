@@ -46,13 +46,6 @@ std::optional<std::int32_t> Schluessel(const store::Value& wert) {
 
 std::string Text(const store::Value& wert) { return wert.IsNull() ? std::string() : wert.Text(); }
 
-std::string Artname(const store::Value& gattung, const store::Value& art) {
-    std::string name = Text(gattung);
-    const std::string rest = Text(art);
-    if (!name.empty() && !rest.empty()) name += ' ';
-    return name + rest;
-}
-
 Fund LiesFund(const store::Recordset& zeile) {
     Fund fund;
     fund.Wer.ID_ART = zeile[ID_ART].I4();
@@ -122,6 +115,13 @@ void LiesBestaende(store::Database& database, const std::string& id, std::vector
 bool Ueber0(const std::optional<double>& zahl) { return zahl && *zahl > 0; }
 
 }  // namespace
+
+std::string Artname(const store::Value& gattung, const store::Value& art) {
+    std::string name = Text(gattung);
+    const std::string rest = Text(art);
+    if (!name.empty() && !rest.empty()) name += ' ';
+    return name + rest;
+}
 
 Probe LiesProbe(store::Database& database, std::int32_t ID_TR) {
     const auto id = store::NumberText(ID_TR);

@@ -39,6 +39,9 @@ struct Probe {
     std::vector<Bestandszeile> Bestaende;
 };
 
+/// Name of a taxon from the fields of `awaArt`; a Null adds nothing.
+std::string Artname(const store::Value& gattung, const store::Value& art);
+
 Probe LiesProbe(store::Database& database, std::int32_t ID_TR);
 
 /// What an index asks of a finding in one of its blocks.
