@@ -29,6 +29,10 @@ constexpr std::string_view VonBestandsartenMitFamilie =
 constexpr std::string_view NurAlgen =
     " AND ((awaModulStandard.Lebensform)=1) AND ((awaFamilie.ID_GRGR)<132 And (awaFamilie.ID_GRGR)<>128));";
 
+std::string_view NurSchalen(bool nurSchalen) {
+    return nurSchalen ? " AND ((awaArtenlisteHaeufigkeit.IstKA)=True) " : "";
+}
+
 }  // namespace
 
 std::string_view VonFunde() {
@@ -46,6 +50,30 @@ std::string_view VonFundeMitFamilie() {
            "INNER JOIN awaArtPrStelle ON awaArt.ID_ART = awaArtPrStelle.ID_ART) "
            "INNER JOIN awaPrStelle ON awaArtPrStelle.ID_PS = awaPrStelle.ID_PS) "
            "INNER JOIN awaModulStandard ON awaArtPrStelle.ID_ART = awaModulStandard.ID_ART ";
+}
+
+std::string_view VonHaeufigkeit() {
+    return "FROM ((awaFamilie INNER JOIN awaUnterFam ON awaFamilie.ID_FAM = awaUnterFam.ID_FAM) "
+           "INNER JOIN awaArt ON awaUnterFam.ID_UFAM = awaArt.ID_UFAM) "
+           "INNER JOIN awaArtenlisteHaeufigkeit ON awaArt.ID_ART = awaArtenlisteHaeufigkeit.ID_Art ";
+}
+
+std::string ReferenzartenTypA(std::int32_t ID_TR, std::string_view auswahl, bool nurSchalen) {
+    return Text(
+        "SELECT ", auswahl,
+        " FROM awaArtenlisteHaeufigkeit INNER JOIN awaRefArt_TypA ON awaArtenlisteHaeufigkeit.ID_Art = "
+        "awaRefArt_TypA.ID_Art ",
+        "WHERE (((awaArtenlisteHaeufigkeit.A", ID(ID_TR), ")>0)", NurSchalen(nurSchalen), ");");
+}
+
+std::string ReferenzartenTypB(std::int32_t ID_TR, std::string_view auswahl, std::string_view kriterium,
+                              bool nurSchalen) {
+    const std::string bereich = kriterium.empty() ? std::string() : Text(" AND (", kriterium, ") ");
+    return Text(
+        "SELECT DISTINCT ", auswahl,
+        " FROM awaArtenlisteHaeufigkeit INNER JOIN awaRefArt_TypB ON awaArtenlisteHaeufigkeit.ID_Art = "
+        "awaRefArt_TypB.ID_Art ",
+        "WHERE (((awaArtenlisteHaeufigkeit.A", ID(ID_TR), ")>0)", bereich, NurSchalen(nurSchalen), ");");
 }
 
 std::string_view Flagge(bool wert) { return wert ? "-1" : "0"; }

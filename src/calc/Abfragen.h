@@ -45,6 +45,15 @@ std::string MengeBestaende(std::int32_t ID_TR);
 std::string MengeMakroalgeOhneDeckung(std::int32_t ID_TR);
 std::string MengeBestandOhneDeckung(std::int32_t ID_TR);
 
+/// FROM over the frequency list and the taxonomy of its taxa.
+std::string_view VonHaeufigkeit();
+/// Rows of the frequency list with a share in the sub-habitat that belong to the reference species, valid
+/// everywhere (type A) or by bioregion (type B; `kriterium` is a condition over `awaRefArt_TypB`, empty for
+/// none). `auswahl` is the select list; `nurSchalen` leaves the diatoms alone.
+std::string ReferenzartenTypA(std::int32_t ID_TR, std::string_view auswahl, bool nurSchalen);
+std::string ReferenzartenTypB(std::int32_t ID_TR, std::string_view auswahl, std::string_view kriterium,
+                              bool nurSchalen);
+
 /// The result row of a sub-habitat.
 std::string Ergebniszeile(std::int32_t ID_TR, bool KAOnly);
 

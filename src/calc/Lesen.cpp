@@ -46,10 +46,15 @@ void NullFehler(const Ort& ort, const NullStelle& stelle) {
         text += stelle.ID_Art ? " in mixed stand " : " for mixed stand ";
         text += id + Name(database, "SELECT MI_Bez FROM awaTeilraum_MI WHERE ID_TR_MI=" + id + ";");
     }
-    const auto id = Nummer(ort.ID_TR);
-    text += stelle.ID_Art || stelle.ID_TR_MI ? ", sub-habitat " : " for sub-habitat ";
-    text += id + Name(database, "SELECT TRBez FROM Teilraum WHERE ID_TR=" + id + ";");
+    if (!stelle.Schluessel.empty()) text += " for " + stelle.Schluessel;
+    text += stelle.ID_Art || stelle.ID_TR_MI || !stelle.Schluessel.empty() ? ", " : " for ";
+    text += TeilraumText(ort);
     throw NullImWert(ort.Routine, text, stelle);
+}
+
+std::string TeilraumText(const Ort& ort) {
+    const auto id = Nummer(ort.ID_TR);
+    return "sub-habitat " + id + Name(ort.Datenbank, "SELECT TRBez FROM Teilraum WHERE ID_TR=" + id + ";");
 }
 
 store::Database& Vorhanden(const store::DatabasePtr& database, std::string_view operation) {

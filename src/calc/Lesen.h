@@ -18,7 +18,8 @@ namespace FX_Algen::calc {
 struct NullStelle {
     std::string Tabelle;
     std::string Feld;
-    std::string Anweisung;  ///< statement that delivered the row
+    std::string Anweisung;        ///< statement that delivered the row
+    std::string Schluessel = {};  ///< condition that tells the row, where it is none of a finding
     std::optional<std::int32_t> ID_Art;
     std::optional<std::int32_t> ID_TR_MI;
     std::optional<Block> Woher;      ///< block of a finding or a stand
@@ -44,9 +45,12 @@ struct Ort {
     std::int32_t ID_TR = 0;
 };
 
-/// Fails with 94; the description names routine, table, field, taxon and stand where there is one, and
+/// Fails with 94; the description names routine, table, field, key, taxon and stand where there is one, and
 /// sub-habitat. The names are looked up here, since only a failure needs them.
 [[noreturn]] void NullFehler(const Ort& ort, const NullStelle& stelle);
+
+/// The sub-habitat in a message: "sub-habitat 17 (Blöcke)".
+std::string TeilraumText(const Ort& ort);
 
 /// The database of a handle; 3343 with the name of the operation where there is none.
 store::Database& Vorhanden(const store::DatabasePtr& database, std::string_view operation);

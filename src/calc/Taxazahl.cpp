@@ -82,10 +82,7 @@ double KieselalgenMitGewicht(store::Database& database, std::int32_t ID, Taxazae
 
 double AusHaeufigkeit(store::Database& database, std::int32_t ID, std::string_view filter) {
     const auto zeilen = database.OpenRecordset(
-        Text("SELECT Count(awaArtenlisteHaeufigkeit.ID_Art) AS [AnzahlArt] ",
-             "FROM ((awaFamilie INNER JOIN awaUnterFam ON awaFamilie.ID_FAM = awaUnterFam.ID_FAM) "
-             "INNER JOIN awaArt ON awaUnterFam.ID_UFAM = awaArt.ID_UFAM) "
-             "INNER JOIN awaArtenlisteHaeufigkeit ON awaArt.ID_ART = awaArtenlisteHaeufigkeit.ID_Art ",
+        Text("SELECT Count(awaArtenlisteHaeufigkeit.ID_Art) AS [AnzahlArt] ", abfragen::VonHaeufigkeit(),
              "WHERE (((awaArtenlisteHaeufigkeit.A", Nummer(ID), filter));
     const double anzahl = zeilen->Eof() ? 0 : (*zeilen)["AnzahlArt"].R8();
     zeilen->Close();
@@ -95,22 +92,13 @@ double AusHaeufigkeit(store::Database& database, std::int32_t ID, std::string_vi
 /// Reference taxa of type A plus those of type B; a taxon of both counts twice.
 double Referenzarten(store::Database& database, std::int32_t ID, std::string_view kriterium, bool nurSchalen,
                      Taxazaehlung* spur) {
-    const auto spalte = "awaArtenlisteHaeufigkeit.A" + Nummer(ID);
-    const std::string_view schalen = nurSchalen ? " AND ((awaArtenlisteHaeufigkeit.IstKA)=True) " : "";
     const auto typA = Satzzahl(
         database,
-        Text("SELECT awaArtenlisteHaeufigkeit.ID_Art, ", spalte, " ",
-             "FROM awaArtenlisteHaeufigkeit INNER JOIN awaRefArt_TypA ON awaArtenlisteHaeufigkeit.ID_Art = "
-             "awaRefArt_TypA.ID_Art ",
-             "WHERE (((", spalte, ")>0)", schalen, ");"),
+        abfragen::ReferenzartenTypA(
+            ID, "awaArtenlisteHaeufigkeit.ID_Art, awaArtenlisteHaeufigkeit.A" + Nummer(ID), nurSchalen),
         spur);
-    const std::string bereich = kriterium.empty() ? std::string() : Text(" AND (", kriterium, ") ");
     const auto typB = Satzzahl(
-        database,
-        Text("SELECT DISTINCT awaArtenlisteHaeufigkeit.ID_Art ",
-             "FROM awaArtenlisteHaeufigkeit INNER JOIN awaRefArt_TypB ON awaArtenlisteHaeufigkeit.ID_Art = "
-             "awaRefArt_TypB.ID_Art ",
-             "WHERE (((", spalte, ")>0)", bereich, schalen, ");"),
+        database, abfragen::ReferenzartenTypB(ID, "awaArtenlisteHaeufigkeit.ID_Art", kriterium, nurSchalen),
         spur);
     return typA + typB;
 }
