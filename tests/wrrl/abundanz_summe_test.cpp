@@ -2,12 +2,12 @@
 
 #include "calc/Berechnung.h"
 #include "wrrl/Auswertung.h"
-#include "wrrl/Listenprobe.h"
+#include "wrrl/Modulprobe.h"
 
 namespace FX_Algen {
 namespace {
 
-class AbundanzSumme : public Listenprobe {
+class AbundanzSumme : public Modulprobe {
 protected:
     double Summe(std::int16_t modus, std::string_view kriterium = {}) {
         return Abundanz_Summe(db.Datenbank(), TR, modus, kriterium);

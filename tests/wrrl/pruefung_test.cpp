@@ -1,14 +1,14 @@
 #include <gmock/gmock.h>
 
 #include "wrrl/Auswertung.h"
-#include "wrrl/Listenprobe.h"
+#include "wrrl/Modulprobe.h"
 
 namespace FX_Algen {
 namespace {
 
 using testing::ElementsAre;
 
-class Pruefung : public Listenprobe {
+class Pruefung : public Modulprobe {
 protected:
     Pruefung() {
         db.TGZK(Bioregion, Stufe, "mäßig");

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "wrrl/Auswertung.h"
-#include "wrrl/Listenprobe.h"
+#include "wrrl/Modulprobe.h"
 
 namespace FX_Algen {
 namespace {
@@ -11,7 +11,7 @@ using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-class Referenzartenmodul : public Listenprobe {
+class Referenzartenmodul : public Modulprobe {
 protected:
     Referenzartenmodul() {
         db.Bioregionstyp(Bioregion, Stufe, "Kalk-Ö");

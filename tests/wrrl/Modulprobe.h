@@ -19,11 +19,11 @@ namespace FX_Algen {
 /// All algae 200, at species level 185 in 6 taxa, 95 in 4 taxa of them no diatoms; the diatoms 100, at
 /// species level 90 in 2 taxa. Valves: 140 of taxon 6, 40 of 7, 20 of 8, and 50 of taxon 9, whose life form
 /// is not assessed and which is not in the list.
-class Listenprobe : public Bewertungsfixture {
+class Modulprobe : public Bewertungsfixture {
 protected:
     static constexpr const char* NurBioregion3 = "awaRefArt_TypB.ID_AL_Bioregion=3";
 
-    Listenprobe() {
+    Modulprobe() {
         Listenspalte();
         Taxon grossalge;
         Taxon gattung;
