@@ -186,9 +186,15 @@ public:
     void Berechnung_WRRL();
     /// Empties `awaErgProjekt` and `awaErgWRRL` and sets `Berechnung_Statustext`. Fails with 445.
     void Berechnung_WRRLInit();
-    /// Rebuilds the frequency list of the scope. Fails with 445.
+    /// Rebuilds the frequency list `awaArtenlisteHaeufigkeit` of the scope (`AktUebersicht`, `ProjektID`,
+    /// `USTAuswahl`): a row for each taxon, a column `A<ID_TR>` for each sub-habitat that has covers and a
+    /// sampling site, in the cells the relative abundance in percent. With `IstWRRLBerechnung` from the
+    /// covers and taxa of the assessment. `DBName` is the path by which the table is dropped and made; empty:
+    /// that of `CurrentDB`. Shows the progress form meanwhile. A failure is not told: the table then stays as
+    /// far as it got, and where it cannot be dropped or made a box says so.
     void Berechnung_WRRLArtenliste();
-    /// Rebuilds the frequency list of `TeilraumID`. Fails with 445.
+    /// The same with the column of `TeilraumID` alone where `AktUebersicht` is "Projekt"; the rows are the
+    /// taxa of the whole scope even so. With another scope like `Berechnung_WRRLArtenliste`.
     void Berechnung_WRRLArtenlisteTLR();
     /// Looks up the text with number `ResID` + `SprachID` and stores it in `ResString`. Fails with 6 where
     /// the sum exceeds 16 bits and with 326 where there is no such text.

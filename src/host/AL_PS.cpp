@@ -6,6 +6,7 @@
 #include "host/NotBuilt.h"
 #include "store/Allgemein.h"
 #include "store/Strings.h"
+#include "wrrl/Artenliste.h"
 
 namespace FX_Algen {
 
@@ -15,6 +16,26 @@ using host::NotBuilt;
 namespace {
 constexpr std::string_view Klasse = "AL_PS";
 constexpr std::int16_t StatustextBerechnung = 3100;
+
+/// What the frequency list takes from the host's context; without a sub-habitat it is that of the whole
+/// scope.
+template <class Kontext>
+Listenauftrag ListeAus(const Kontext& kontext, std::int32_t TeilraumID) {
+    Listenauftrag auftrag;
+    auftrag.Datenbank = kontext.CurrentDB;
+    auftrag.Workspace = kontext.CurrentWS;
+    auftrag.DBName = kontext.DBName;
+    auftrag.AktUebersicht = kontext.AktUebersicht;
+    auftrag.ProjektID = kontext.ProjektID;
+    auftrag.TeilraumID = TeilraumID;
+    auftrag.IstWRRLBerechnung = kontext.IstWRRLBerechnung;
+    auftrag.USTAuswahl = kontext.USTAuswahl;
+    auftrag.DebugModus = kontext.DebugModus;
+    auftrag.SprachID = kontext.SprachID;
+    auftrag.Balken = {kontext.Pbar_SBFormhWnd, kontext.Pbar_SBLeft, kontext.Pbar_SBTop, kontext.Pbar_SBWidth,
+                      kontext.Pbar_SBHeight};
+    return auftrag;
+}
 }  // namespace
 
 void AL_PS::SprachID_Anheben() noexcept {
@@ -34,6 +55,16 @@ void AL_PS::Berechnung_Execute() {
         FX_Algen::Berechnung_Execute(kontext_.CurrentDB, kontext_.TeilraumID, kontext_.IstWRRLBerechnung,
                                      kontext_.ValenzGewicht, kontext_.DebugModus);
     });
+}
+
+// The answer of the list is its table; the progress form stands as long as it works.
+void AL_PS::Berechnung_WRRLArtenliste() {
+    Named("Berechnung_WRRLArtenliste", [this] { Artenliste_Haeufigkeit(ListeAus(kontext_, 0)); });
+}
+
+void AL_PS::Berechnung_WRRLArtenlisteTLR() {
+    Named("Berechnung_WRRLArtenlisteTLR",
+          [this] { Artenliste_Haeufigkeit(ListeAus(kontext_, kontext_.TeilraumID)); });
 }
 
 store::Value AL_PS::CheckIstKA(std::int32_t) {
@@ -62,8 +93,6 @@ void AL_PS::Berechnung_ExecuteSeston() { NotBuilt(Klasse, "Berechnung_ExecuteSes
 void AL_PS::Berechnung_InitSeston() { NotBuilt(Klasse, "Berechnung_InitSeston"); }
 void AL_PS::Berechnung_WRRL() { NotBuilt(Klasse, "Berechnung_WRRL"); }
 void AL_PS::Berechnung_WRRLInit() { NotBuilt(Klasse, "Berechnung_WRRLInit"); }
-void AL_PS::Berechnung_WRRLArtenliste() { NotBuilt(Klasse, "Berechnung_WRRLArtenliste"); }
-void AL_PS::Berechnung_WRRLArtenlisteTLR() { NotBuilt(Klasse, "Berechnung_WRRLArtenlisteTLR"); }
 void AL_PS::SetReportData_Auswertung() { NotBuilt(Klasse, "SetReportData_Auswertung"); }
 void AL_PS::Export_Taxaliste_GesamtHaeuf() { NotBuilt(Klasse, "Export_Taxaliste_GesamtHaeuf"); }
 void AL_PS::Export_Taxaliste_Gesamt() { NotBuilt(Klasse, "Export_Taxaliste_Gesamt"); }

@@ -48,6 +48,9 @@ bool Tabelle_Loeschen(const std::string& dbPfad, const std::string& tabelle);
 /// limit. On a failure a box is shown and the result is false.
 bool Tabelle_Erstellen(const std::string& dbPfad, const std::string& tabelle, const std::string& feld,
                        store::FieldType typ, std::int32_t laenge = 0);
+/// The same with all of its fields, and their defaults, in one go.
+bool Tabelle_Erstellen(const std::string& dbPfad, const std::string& tabelle,
+                       const std::vector<store::FieldDef>& felder);
 
 /// Adds a field with default 0 (a date field with default Null) to an existing table. On a failure the result
 /// is false, with no message.

@@ -94,11 +94,16 @@ bool Tabelle_Loeschen(const std::string& dbPfad, const std::string& tabelle) {
 
 bool Tabelle_Erstellen(const std::string& dbPfad, const std::string& tabelle, const std::string& feld,
                        store::FieldType typ, std::int32_t laenge) {
+    return Tabelle_Erstellen(dbPfad, tabelle, {store::TableDef::CreateField(feld, typ, laenge)});
+}
+
+bool Tabelle_Erstellen(const std::string& dbPfad, const std::string& tabelle,
+                       const std::vector<store::FieldDef>& felder) {
     try {
         const auto database = store::Workspace().OpenDatabase(dbPfad);
         auto tables = database->TableDefs();
         auto table = database->CreateTableDef(tabelle);
-        table.Append(store::TableDef::CreateField(feld, typ, laenge));
+        for (const auto& field : felder) table.Append(field);
         tables.Append(table);
         tables.Refresh();
         return true;

@@ -315,6 +315,8 @@ std::shared_ptr<Connection> OpenConnection(const std::string& path) {
 
 Engine& EngineOf(Connection& connection) { return connection.TheEngine(); }
 
+std::size_t MostColumns(Connection& connection) { return connection.TheEngine().MostColumns(); }
+
 const dialect::Catalogue& CatalogueOf(Connection& connection) {
     connection.RefreshSchema();
     return connection.Tables();

@@ -19,14 +19,17 @@ std::shared_ptr<Connection> OpenConnection(const std::string& path);
 Engine& EngineOf(Connection& connection);
 const dialect::Catalogue& CatalogueOf(Connection& connection);
 const std::string& PathOf(const Connection& connection);
+/// Columns that a table can have at most so that all of them can be opened and changed.
+std::size_t MostColumns(Connection& connection);
 /// To be called after tables were created, altered or dropped behind the gateway's back.
 void SchemaChanged(Connection& connection);
 
 /// A nested unit of changes that is undone when it goes out of scope, unless `Keep` was called. The module's
-/// own routines use none; explanations and loading do.
+/// own routines show none to the outside; explanations and loading do.
 class Savepoint {
 public:
-    explicit Savepoint(std::shared_ptr<Connection> connection);
+    /// `durable`: whether the changes must survive a power failure, as what a person entered must.
+    explicit Savepoint(std::shared_ptr<Connection> connection, bool durable = true);
     ~Savepoint();
     Savepoint(const Savepoint&) = delete;
     Savepoint& operator=(const Savepoint&) = delete;

@@ -69,6 +69,8 @@ public:
     /// Makes the file log its changes ahead, as a file that was created does; nothing where it may not be
     /// written. Opening alone leaves a file as it is, since it may turn out to be another program's.
     virtual void WriteAhead() = 0;
+    /// Columns that a table can have at most so that all of them can be opened and changed.
+    virtual std::size_t MostColumns() const = 0;
     /// Whether the file was opened for writing, too.
     virtual bool CanWrite() const = 0;
 };

@@ -3,13 +3,14 @@
 
 namespace FX_Algen::store {
 
-Savepoint::Savepoint(std::shared_ptr<Connection> connection) : connection_(std::move(connection)) {
+Savepoint::Savepoint(std::shared_ptr<Connection> connection, bool durable)
+    : connection_(std::move(connection)) {
     // Savepoints may nest; the engine takes the innermost of a name, so one name would do. Names of their
     // own keep a forgotten one from taking another's place.
     static thread_local std::int64_t count = 0;
     name_ = "fx_savepoint_" + std::to_string(++count);
     auto& engine = connection_->TheEngine();
-    engine.Durable(true);  // inside it nothing of that can be changed any more
+    engine.Durable(durable);  // inside it nothing of that can be changed any more
     engine.Run("SAVEPOINT " + name_);
 }
 

@@ -383,8 +383,6 @@ INSTANTIATE_TEST_SUITE_P(
         Operation{"Berechnung_InitSeston", [](AL_PS& ps) { ps.Berechnung_InitSeston(); }},
         Operation{"Berechnung_WRRL", [](AL_PS& ps) { ps.Berechnung_WRRL(); }},
         Operation{"Berechnung_WRRLInit", [](AL_PS& ps) { ps.Berechnung_WRRLInit(); }},
-        Operation{"Berechnung_WRRLArtenliste", [](AL_PS& ps) { ps.Berechnung_WRRLArtenliste(); }},
-        Operation{"Berechnung_WRRLArtenlisteTLR", [](AL_PS& ps) { ps.Berechnung_WRRLArtenlisteTLR(); }},
         Operation{"SetReportData_Auswertung", [](AL_PS& ps) { ps.SetReportData_Auswertung(); }},
         Operation{"Export_Taxaliste_GesamtHaeuf", [](AL_PS& ps) { ps.Export_Taxaliste_GesamtHaeuf(); }},
         Operation{"Export_Taxaliste_Gesamt", [](AL_PS& ps) { ps.Export_Taxaliste_Gesamt(); }},

@@ -57,6 +57,10 @@ public:
     }
 
     bool InTransaction() const override { return sqlite3_get_autocommit(db_.get()) == 0; }
+    std::size_t MostColumns() const override {
+        // A changeable result carries the identity of its rows besides the columns.
+        return static_cast<std::size_t>(sqlite3_limit(db_.get(), SQLITE_LIMIT_COLUMN, -1)) - 1;
+    }
     bool CanWrite() const override { return sqlite3_db_readonly(db_.get(), "main") == 0; }
 
     void WriteAhead() override {

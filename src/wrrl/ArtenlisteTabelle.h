@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "FX_Algen/Store.h"
+#include "wrrl/ArtenlisteSpalte.h"
+
+namespace FX_Algen::artenliste {
+
+/// The table of the frequency list in the database at a path.
+class Listentabelle {
+public:
+    explicit Listentabelle(std::string pfad) : pfad_(std::move(pfad)) {}
+
+    /// Drops the table. False, with a box, where that fails.
+    bool Loeschen() const;
+    /// Makes the table with its four columns and a column `A<ID_TR>` for each key. False where the store
+    /// takes fewer columns (those that it takes are there then), or, with a box, where the table cannot be
+    /// made.
+    bool Erstellen(const std::vector<std::int32_t>& schluessel) const;
+    /// Writes the rows of the list, whole.
+    static void Schreiben(const store::DatabasePtr& database, const Liste& liste,
+                          const std::vector<std::int32_t>& schluessel);
+
+private:
+    std::string pfad_;
+};
+
+}  // namespace FX_Algen::artenliste
