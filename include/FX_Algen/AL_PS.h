@@ -214,11 +214,16 @@ public:
     bool Export_TLG_Taxadaten(std::int16_t intID_Art, std::int32_t lngID_PS, std::int32_t lngID_TR,
                               bool bolCF, std::int16_t intAlgenart, float sngDG_G, std::int16_t intSummeKA,
                               double& dblAbundanz, double& dblDominanz, double& dblMP);
-    /// Number of taxa over a comma-separated list of `ID_TR`. Fails with 445.
+    /// Number of taxa in the findings over a comma-separated list of `ID_TR`. A taxon counts once, with and
+    /// without `CF`; mixed stands do not count. 0 where nothing was found. Fails with 3075 on an empty list,
+    /// with 6 above 32767 taxa.
     std::int16_t GesamttaxazahlTLR(const std::string& strSQL_TLR);
-    /// Number of taxa of the scope. Fails with 445.
+    /// Number of taxa in the findings of the scope, counted in the same way. `TaxaAuswahl` narrows "Projekt"
+    /// and "UStelle" and may name tables from `Abschnitt` (`VerUStelle`) down to `awaArtPrStelle`. Fails with
+    /// 3075 where `AktUebersicht` is no scope or the stored selection has no condition.
     std::int16_t Gesamttaxazahl();
-    /// Number of seston taxa of the scope. Fails with 445.
+    /// Number of seston taxa of the scope, in the same way down to `sesArtPrStelle`. A stored selection of
+    /// visits ("VerU-Stelle") fails with 3061.
     std::int16_t GesamttaxazahlSeston();
     /// Exports the dominances of the scope. Fails with 445.
     void Export_ArtDom();
@@ -256,10 +261,13 @@ public:
     bool SetReportGesamtTaxazahl();
     /// Puts the number of seston taxa of the scope into the labels. Fails with 445.
     bool SetReportGesamtTaxazahlSeston();
-    /// Readable form of a list of reference bioregions. Fails with 445.
+    /// Readable form of a comma-separated list of reference bioregions: "Kalkalpen (K1), X" of "K1,X" where
+    /// `AL_Bioregion` has K and not X. Fails with 3075 on an apostrophe in the list.
     std::string GetBioregion_Kurzzeichen(const std::string& strKurzzeichen);
-    /// Opens the assessment results that `WRRLErgAuswahlAnzeige` selects as `WRRLErgRecordset`.
-    /// Fails with 445.
+    /// Opens the assessment results with the names of their places as `WRRLErgRecordset`, a row for each
+    /// sampling site: those of marked sampling sites (`WRRLErgAuswahlAnzeige` 0), all (1), those of
+    /// `TeilraumID` (2), those of marked sub-habitats (3). Fails with 3075 where there is no such mode; the
+    /// former result then stays.
     void Get_WRRLErgRecordset();
     /// Exports the macroalgae list of a sub-habitat. Fails with 445.
     void Export_Taxaliste_TLRMakroalge();

@@ -4,9 +4,12 @@
 #include "calc/Berechnung.h"
 #include "host/Named.h"
 #include "host/NotBuilt.h"
+#include "manager/Gesamttaxazahlen.h"
 #include "store/Allgemein.h"
 #include "store/Strings.h"
 #include "wrrl/Artenliste.h"
+#include "wrrl/Bioregion.h"
+#include "wrrl/Ergebnisliste.h"
 
 namespace FX_Algen {
 
@@ -86,6 +89,38 @@ void AL_PS::Get_Version() {
                         static_cast<char>('a' + FX_ALGEN_VERSION_PATCH);
 }
 
+std::int16_t AL_PS::GesamttaxazahlTLR(const std::string& strSQL_TLR) {
+    return Named("GesamttaxazahlTLR",
+                 [&] { return FX_Algen::GesamttaxazahlTLR(kontext_.CurrentDB, strSQL_TLR); });
+}
+
+std::int16_t AL_PS::Gesamttaxazahl() {
+    return Named("Gesamttaxazahl", [this] {
+        return FX_Algen::Gesamttaxazahl(kontext_.CurrentDB, kontext_.AktUebersicht, kontext_.ProjektID,
+                                        kontext_.TaxaAuswahl);
+    });
+}
+
+std::int16_t AL_PS::GesamttaxazahlSeston() {
+    return Named("GesamttaxazahlSeston", [this] {
+        return FX_Algen::GesamttaxazahlSeston(kontext_.CurrentDB, kontext_.AktUebersicht, kontext_.ProjektID,
+                                              kontext_.TaxaAuswahl);
+    });
+}
+
+std::string AL_PS::GetBioregion_Kurzzeichen(const std::string& strKurzzeichen) {
+    return Named("GetBioregion_Kurzzeichen",
+                 [&] { return FX_Algen::GetBioregion_Kurzzeichen(kontext_.CurrentDB, strKurzzeichen); });
+}
+
+void AL_PS::Get_WRRLErgRecordset() {
+    Named("Get_WRRLErgRecordset", [this] {
+        ergebnis_.WRRLErgRecordset =
+            FX_Algen::Get_WRRLErgRecordset(kontext_.CurrentDB, kontext_.WRRLErgAuswahlAnzeige,
+                                           kontext_.IstWRRLBerechnung, kontext_.TeilraumID);
+    });
+}
+
 void AL_PS::Probenstelle_Show() { NotBuilt(Klasse, "Probenstelle_Show"); }
 void AL_PS::ProbenstelleSeston_Show() { NotBuilt(Klasse, "ProbenstelleSeston_Show"); }
 void AL_PS::Probenstelle_Unload() { NotBuilt(Klasse, "Probenstelle_Unload"); }
@@ -101,9 +136,6 @@ bool AL_PS::Export_TLG_Taxadaten(std::int16_t, std::int32_t, std::int32_t, bool,
                                  std::int16_t, double&, double&, double&) {
     NotBuilt(Klasse, "Export_TLG_Taxadaten");
 }
-std::int16_t AL_PS::GesamttaxazahlTLR(const std::string&) { NotBuilt(Klasse, "GesamttaxazahlTLR"); }
-std::int16_t AL_PS::Gesamttaxazahl() { NotBuilt(Klasse, "Gesamttaxazahl"); }
-std::int16_t AL_PS::GesamttaxazahlSeston() { NotBuilt(Klasse, "GesamttaxazahlSeston"); }
 void AL_PS::Export_ArtDom() { NotBuilt(Klasse, "Export_ArtDom"); }
 void AL_PS::Export_Auswertung() { NotBuilt(Klasse, "Export_Auswertung"); }
 void AL_PS::Export_Auswertung_Sap() { NotBuilt(Klasse, "Export_Auswertung_Sap"); }
@@ -124,10 +156,6 @@ store::Value AL_PS::SetReport_TaxalisteWRRL() { NotBuilt(Klasse, "SetReport_Taxa
 bool AL_PS::SetReportTLRTaxazahl() { NotBuilt(Klasse, "SetReportTLRTaxazahl"); }
 bool AL_PS::SetReportGesamtTaxazahl() { NotBuilt(Klasse, "SetReportGesamtTaxazahl"); }
 bool AL_PS::SetReportGesamtTaxazahlSeston() { NotBuilt(Klasse, "SetReportGesamtTaxazahlSeston"); }
-std::string AL_PS::GetBioregion_Kurzzeichen(const std::string&) {
-    NotBuilt(Klasse, "GetBioregion_Kurzzeichen");
-}
-void AL_PS::Get_WRRLErgRecordset() { NotBuilt(Klasse, "Get_WRRLErgRecordset"); }
 void AL_PS::Export_Taxaliste_TLRMakroalge() { NotBuilt(Klasse, "Export_Taxaliste_TLRMakroalge"); }
 void AL_PS::SetReportData_AuswertungSeston() { NotBuilt(Klasse, "SetReportData_AuswertungSeston"); }
 void AL_PS::Pruefung_WRRL() { NotBuilt(Klasse, "Pruefung_WRRL"); }
