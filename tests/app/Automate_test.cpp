@@ -330,9 +330,9 @@ TEST(AutomateCalls, ArgumentsMayBeLeftOutWhereThereAreNone) {
 TEST(AutomateCalls, OperationsToComeAnswer445WithTheirName) {
     const std::map<std::string, std::vector<std::string>> built{
         {"AL_PS",
-         {"Berechnung_Execute", "Berechnung_Init", "CheckIstKA", "Get_ResString", "Get_Version",
-          "GesamttaxazahlTLR", "Gesamttaxazahl", "GesamttaxazahlSeston", "GetBioregion_Kurzzeichen",
-          "Get_WRRLErgRecordset"}}};
+         {"Berechnung_Execute", "Berechnung_Init", "CheckIstKA", "Berechnung_WRRLArtenliste",
+          "Berechnung_WRRLArtenlisteTLR", "Get_ResString", "Get_Version", "GesamttaxazahlTLR",
+          "Gesamttaxazahl", "GesamttaxazahlSeston", "GetBioregion_Kurzzeichen", "Get_WRRLErgRecordset"}}};
     for (const std::string name : {"AL_PS", "AL_Katalog", "AL_PS_Grafik"}) {
         const auto object = rpc::MakeObject(name);
         std::vector<std::string> answered;
