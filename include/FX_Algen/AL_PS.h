@@ -182,9 +182,21 @@ public:
     /// Whether the assessment holds a diatom-only result already: true or false. The argument is ignored, the
     /// answer is that for `TeilraumID`.
     store::Value CheckIstKA(std::int32_t lngID_TLR);
-    /// Assesses the ecological status of `TeilraumID`. Fails with 445.
+    /// Assesses the ecological status of `TeilraumID` into its rows (`ID`, `KAOnly`) of `awaErgProjekt` and
+    /// `awaErgWRRL`: rebuilds the frequency list, calculates saprobic and trophic index in the variant of
+    /// `IstWRRLBerechnung`, rates the reference species, the trophic and the saprobic index against the
+    /// values expected at `BioregionID` and `Hoehenstufe`, and takes the worst class. `RefBioregion` is a
+    /// condition over the columns of `awaRefArt_TypB`, empty for none.
+    ///
+    /// To be called once with `KAOnly` false and, where it is wanted, once more with `KAOnly` true, which
+    /// adds the assessment of the diatoms alone, unless the first call came to it already. Does nothing for a
+    /// sub-habitat without row in `awaTeilraum`. A missing reference row is no failure: its marker is stored
+    /// ("-", -1). Fails with 3022 where the rows exist, with 94 where a value is Null that the arithmetic
+    /// needs, with 11 where a divisor is 0, and with 3075 where `RefBioregion` holds a quote; what was
+    /// written until then stays.
     void Berechnung_WRRL();
-    /// Empties `awaErgProjekt` and `awaErgWRRL` and sets `Berechnung_Statustext`. Fails with 445.
+    /// Empties `awaErgProjekt` and `awaErgWRRL` and sets `Berechnung_Statustext`, the same heading as of
+    /// `Berechnung_Init`. To be called once before a loop of assessments.
     void Berechnung_WRRLInit();
     /// Rebuilds the frequency list `awaArtenlisteHaeufigkeit` of the scope (`AktUebersicht`, `ProjektID`,
     /// `USTAuswahl`): a row for each taxon, a column `A<ID_TR>` for each sub-habitat that has covers and a
@@ -273,7 +285,10 @@ public:
     void Export_Taxaliste_TLRMakroalge();
     /// Fills the tables of the seston evaluation report. Fails with 445.
     void SetReportData_AuswertungSeston();
-    /// Checks whether the scope can be assessed; the verdict is stored in `ExportIsOK`. Fails with 445.
+    /// Whether the reference tables hold the three expected values that the first assessment of `TeilraumID`
+    /// needs, at `BioregionID` and `Hoehenstufe`; the verdict is stored in `ExportIsOK`. The frequency list
+    /// must hold the column of the sub-habitat: `Berechnung_WRRLArtenlisteTLR` comes before. Any failure of
+    /// the store gives false.
     void Pruefung_WRRL();
 
 private:
@@ -344,6 +359,7 @@ private:
 
     Kontext kontext_;
     Ergebnis ergebnis_;
+    std::string mstrAlgengruppe_;  ///< group text of the last assessment, "Alle" or "KA"
 };
 
 }  // namespace FX_Algen

@@ -9,9 +9,9 @@ namespace FX_Algen {
 /// Numbers of failed calls. A host branches on them, so they never change.
 namespace ErrorNumber {
 inline constexpr std::int32_t Overflow = 6;  ///< a value does not fit the integer or column it is put into
-inline constexpr std::int32_t DivisionByZero = 11;     ///< division by zero inside a statement
-inline constexpr std::int32_t TypeMismatch = 13;       ///< a value of one kind where another is needed
-inline constexpr std::int32_t FileNotFound = 53;       ///< a database path that does not exist
+inline constexpr std::int32_t DivisionByZero = 11;  ///< division by zero, in a statement or in an assessment
+inline constexpr std::int32_t TypeMismatch = 13;    ///< a value of one kind where another is needed
+inline constexpr std::int32_t FileNotFound = 53;    ///< a database path that does not exist
 inline constexpr std::int32_t InvalidUseOfNull = 94;   ///< a Null where a number or text is needed
 inline constexpr std::int32_t StringNotFound = 326;    ///< a string number without text
 inline constexpr std::int32_t IndexOutOfRange = 381;   ///< an index past a list's end

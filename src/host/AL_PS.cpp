@@ -8,6 +8,7 @@
 #include "store/Allgemein.h"
 #include "store/Strings.h"
 #include "wrrl/Artenliste.h"
+#include "wrrl/Auswertung.h"
 #include "wrrl/Bioregion.h"
 #include "wrrl/Ergebnisliste.h"
 
@@ -70,6 +71,35 @@ void AL_PS::Berechnung_WRRLArtenlisteTLR() {
           [this] { Artenliste_Haeufigkeit(ListeAus(kontext_, kontext_.TeilraumID)); });
 }
 
+void AL_PS::Berechnung_WRRLInit() {
+    Named("Berechnung_WRRLInit", [this] {
+        FX_Algen::Berechnung_WRRLInit(kontext_.CurrentDB);
+        SprachID_Anheben();
+        ergebnis_.Berechnung_Statustext = store::Text(StatustextBerechnung, kontext_.SprachID);
+    });
+}
+
+void AL_PS::Berechnung_WRRL() {
+    Named("Berechnung_WRRL", [this] {
+        Bewertungsauftrag auftrag;
+        auftrag.Liste = ListeAus(kontext_, kontext_.TeilraumID);
+        auftrag.KAOnly = kontext_.KAOnly;
+        auftrag.ValenzGewicht = kontext_.ValenzGewicht;
+        auftrag.BioregionID = kontext_.BioregionID;
+        auftrag.Hoehenstufe = kontext_.Hoehenstufe;
+        auftrag.RefBioregion = kontext_.RefBioregion;
+        FX_Algen::Berechnung_WRRL(auftrag, mstrAlgengruppe_);
+    });
+}
+
+void AL_PS::Pruefung_WRRL() {
+    Named("Pruefung_WRRL", [this] {
+        ergebnis_.ExportIsOK =
+            Pruefung_Referenzwerte(kontext_.CurrentDB, kontext_.TeilraumID, kontext_.BioregionID,
+                                   kontext_.Hoehenstufe, kontext_.DebugModus);
+    });
+}
+
 store::Value AL_PS::CheckIstKA(std::int32_t) {
     // The answer is that for the current sub-habitat, whatever the argument says.
     return Named("CheckIstKA",
@@ -126,8 +156,6 @@ void AL_PS::ProbenstelleSeston_Show() { NotBuilt(Klasse, "ProbenstelleSeston_Sho
 void AL_PS::Probenstelle_Unload() { NotBuilt(Klasse, "Probenstelle_Unload"); }
 void AL_PS::Berechnung_ExecuteSeston() { NotBuilt(Klasse, "Berechnung_ExecuteSeston"); }
 void AL_PS::Berechnung_InitSeston() { NotBuilt(Klasse, "Berechnung_InitSeston"); }
-void AL_PS::Berechnung_WRRL() { NotBuilt(Klasse, "Berechnung_WRRL"); }
-void AL_PS::Berechnung_WRRLInit() { NotBuilt(Klasse, "Berechnung_WRRLInit"); }
 void AL_PS::SetReportData_Auswertung() { NotBuilt(Klasse, "SetReportData_Auswertung"); }
 void AL_PS::Export_Taxaliste_GesamtHaeuf() { NotBuilt(Klasse, "Export_Taxaliste_GesamtHaeuf"); }
 void AL_PS::Export_Taxaliste_Gesamt() { NotBuilt(Klasse, "Export_Taxaliste_Gesamt"); }
@@ -158,6 +186,5 @@ bool AL_PS::SetReportGesamtTaxazahl() { NotBuilt(Klasse, "SetReportGesamtTaxazah
 bool AL_PS::SetReportGesamtTaxazahlSeston() { NotBuilt(Klasse, "SetReportGesamtTaxazahlSeston"); }
 void AL_PS::Export_Taxaliste_TLRMakroalge() { NotBuilt(Klasse, "Export_Taxaliste_TLRMakroalge"); }
 void AL_PS::SetReportData_AuswertungSeston() { NotBuilt(Klasse, "SetReportData_AuswertungSeston"); }
-void AL_PS::Pruefung_WRRL() { NotBuilt(Klasse, "Pruefung_WRRL"); }
 
 }  // namespace FX_Algen

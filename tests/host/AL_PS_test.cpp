@@ -92,6 +92,8 @@ TEST(AL_PS_Failures, NameTheOperationThatWasCalled) {
                 testing::StartsWith("GetBioregion_Kurzzeichen: "));
     EXPECT_THAT(described([&] { ps.Get_WRRLErgRecordset(); }), testing::StartsWith("Get_WRRLErgRecordset: "));
     EXPECT_THAT(described([&] { ps.CheckIstKA(1); }), testing::StartsWith("CheckIstKA: "));
+    EXPECT_THAT(described([&] { ps.Berechnung_WRRLInit(); }), testing::StartsWith("Berechnung_WRRLInit: "));
+    EXPECT_THAT(described([&] { ps.Berechnung_WRRL(); }), testing::StartsWith("Berechnung_WRRL: "));
     ps.ResID(0);
     EXPECT_THAT(described([&] { ps.Get_ResString(); }), testing::StartsWith("Get_ResString: "));
     ps.ResID(32767);
@@ -387,8 +389,6 @@ INSTANTIATE_TEST_SUITE_P(
         Operation{"Probenstelle_Unload", [](AL_PS& ps) { ps.Probenstelle_Unload(); }},
         Operation{"Berechnung_ExecuteSeston", [](AL_PS& ps) { ps.Berechnung_ExecuteSeston(); }},
         Operation{"Berechnung_InitSeston", [](AL_PS& ps) { ps.Berechnung_InitSeston(); }},
-        Operation{"Berechnung_WRRL", [](AL_PS& ps) { ps.Berechnung_WRRL(); }},
-        Operation{"Berechnung_WRRLInit", [](AL_PS& ps) { ps.Berechnung_WRRLInit(); }},
         Operation{"SetReportData_Auswertung", [](AL_PS& ps) { ps.SetReportData_Auswertung(); }},
         Operation{"Export_Taxaliste_GesamtHaeuf", [](AL_PS& ps) { ps.Export_Taxaliste_GesamtHaeuf(); }},
         Operation{"Export_Taxaliste_Gesamt", [](AL_PS& ps) { ps.Export_Taxaliste_Gesamt(); }},
@@ -418,8 +418,7 @@ INSTANTIATE_TEST_SUITE_P(
         Operation{"SetReportGesamtTaxazahl", [](AL_PS& ps) { ps.SetReportGesamtTaxazahl(); }},
         Operation{"SetReportGesamtTaxazahlSeston", [](AL_PS& ps) { ps.SetReportGesamtTaxazahlSeston(); }},
         Operation{"Export_Taxaliste_TLRMakroalge", [](AL_PS& ps) { ps.Export_Taxaliste_TLRMakroalge(); }},
-        Operation{"SetReportData_AuswertungSeston", [](AL_PS& ps) { ps.SetReportData_AuswertungSeston(); }},
-        Operation{"Pruefung_WRRL", [](AL_PS& ps) { ps.Pruefung_WRRL(); }}));
+        Operation{"SetReportData_AuswertungSeston", [](AL_PS& ps) { ps.SetReportData_AuswertungSeston(); }}));
 
 }  // namespace
 }  // namespace FX_Algen
