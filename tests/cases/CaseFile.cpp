@@ -146,6 +146,7 @@ private:
         for (const auto& row : table.Rows()) {
             ExpectedAbundance abundance{row.Line(), TaxonOf(row), row.Cf(), row.Text("percent")};
             if (!IsNumber(abundance.Percent)) row.Fail("\"" + abundance.Percent + "\" is no number");
+            RequireReason(row.Line(), abundance.Percent);
             list.push_back(std::move(abundance));
         }
         case_.List = std::move(list);
@@ -195,6 +196,7 @@ private:
                 if (other.Column == columns[i])
                     throw CaseError(case_.File, headings.Number, "\"" + columns[i] + "\" stands twice");
             }
+            RequireReason(values.Number, cells[i]);
             expectation.Values.push_back({values.Number, columns[i], cells[i]});
         }
     }
@@ -222,6 +224,25 @@ private:
         const auto found = std::find_if(case_.Stands.begin(), case_.Stands.end(),
                                         [&](const Stand& stand) { return stand.Name == name; });
         return found == case_.Stands.end() ? nullptr : &*found;
+    }
+
+    /// A number that is expected must be one that the reasoning comes to; its sign apart, since a dash may
+    /// stand before a number in a sentence.
+    void RequireReason(std::size_t line, std::string_view number) const {
+        if (!IsNumber(number)) return;
+        if (number.front() == '-') number.remove_prefix(1);
+        constexpr std::string_view digits = "0123456789";
+        constexpr std::string_view digitsAndPoint = "0123456789.";
+        const std::string_view reasons = case_.Reasoning;
+        for (auto begin = reasons.find_first_of(digits); begin != std::string_view::npos;) {
+            const auto end = std::min(reasons.find_first_not_of(digitsAndPoint, begin), reasons.size());
+            auto found = reasons.substr(begin, end - begin);
+            if (found.back() == '.') found.remove_suffix(1);
+            if (found == number) return;
+            begin = reasons.find_first_of(digits, end);
+        }
+        throw CaseError(case_.File, line,
+                        "the reasoning does not come to " + std::string(number) + ", which is expected");
     }
 
     /// A taxon that nobody found is most likely a slip of the pen in one of the two tables.

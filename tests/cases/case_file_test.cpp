@@ -14,8 +14,8 @@ constexpr std::string_view Good = R"(# A comment.
 Case: Kieselalgen unter der Brücke
 
 [reasoning]
-Only diatoms were found.
-They decide alone.
+Only diatoms were found, 200 of 210 valves (95.2381 percent) certain.
+Their index is 2.1, class 5.
 
 [site]
 station | Gewässer   | BioregionID | Hoehenstufe | RefBioregion
@@ -107,7 +107,9 @@ std::string Refusal(const std::string& text) {
 TEST(CaseFile, HandsOverEverySection) {
     const auto sample = ReadCase("Fall.txt", Good, Shared);
     EXPECT_EQ(sample.Title, "Kieselalgen unter der Brücke");
-    EXPECT_EQ(sample.Reasoning, "Only diatoms were found.\nThey decide alone.\n");
+    EXPECT_EQ(sample.Reasoning,
+              "Only diatoms were found, 200 of 210 valves (95.2381 percent) certain.\nTheir index is 2.1, "
+              "class 5.\n");
     EXPECT_EQ(sample.Site.Station, "Brücke");
     EXPECT_EQ(sample.Site.Gewaesser, "Große Mühl");
     EXPECT_EQ(sample.Site.BioregionID, 5);
@@ -219,8 +221,10 @@ INSTANTIATE_TEST_SUITE_P(
              "Fall.txt:4: the first line is no title (\"Case: ...\")"},
         Slip{"EmptyTitle", "Case: Kieselalgen unter der Brücke", "Case:", "Fall.txt:2: the title is empty"},
         Slip{"LineOutsideSections", "[reasoning]", "Gründe", "Fall.txt:4: this line stands in no section"},
-        Slip{"NoReasons", "Only diatoms were found.\nThey decide alone.\n", "# none\n",
-             "Fall.txt:4: the case gives no reasons"},
+        Slip{"NoReasons",
+             "Only diatoms were found, 200 of 210 valves (95.2381 percent) certain.\nTheir index is 2.1, "
+             "class 5.\n",
+             "# none\n", "Fall.txt:4: the case gives no reasons"},
         Slip{"UnknownSection", "[mixed stands]", "[stands]", "Fall.txt:33: there are no mixed stands"},
         Slip{"UnknownWord", "[expected: first run]", "[weather]\nmild\n[expected: first run]",
              "Fall.txt:48: unknown section [weather]"},
@@ -284,6 +288,10 @@ INSTANTIATE_TEST_SUITE_P(
         Slip{"ValueMissing", "2.1  | no\n", "2.1\n", "Fall.txt:52: 1 values below 2 headings"},
         Slip{"EmptyValue", "2.1  | no\n", "2.1  |\n",
              "Fall.txt:52: no value is expected of \"BedingtBewertbar\""},
+        Slip{"NumberWithoutReason", "2.1  | no\n", "2.11 | no\n",
+             "Fall.txt:52: the reasoning does not come to 2.11, which is expected"},
+        Slip{"PercentWithoutReason", "| -   | 95.2381", "| -   | 95.238",
+             "Fall.txt:46: the reasoning does not come to 95.238, which is expected"},
         Slip{"ExpectedTwice", "SI   | BedingtBewertbar", "SI   | OEZK", "Fall.txt:51: \"OEZK\" stands twice"},
         Slip{"FailureWithoutNumber", "failure 94", "failure Null",
              "Fall.txt:55: \"Null\" is no number of a failure"},

@@ -51,7 +51,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 constexpr std::string_view Sample = R"(Case: Nothing but the row
 [reasoning]
-The row is written by the test.
+The row is written by the test: class 3.
 [site]
 station | Gewässer | BioregionID | Hoehenstufe
 Brücke  | Mürz     | 5           | 2

@@ -95,7 +95,8 @@ TEST_P(AssessmentCase, ComesToTheClassOfItsReasoning) {
 INSTANTIATE_TEST_SUITE_P(Cases, AssessmentCase, testing::ValuesIn(CaseNames()),
                          [](const auto& file) { return file.param; });
 
-TEST(CaseFolder, HoldsTheCasesOfEveryRule) { EXPECT_GE(CaseNames().size(), 36U); }
+// A case that is given up on purpose lowers the number.
+TEST(CaseFolder, HasLostNoCase) { EXPECT_GE(CaseNames().size(), 71U); }
 
 }  // namespace
 }  // namespace FX_Algen::cases
