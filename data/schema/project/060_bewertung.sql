@@ -1,5 +1,5 @@
 -- Reference data of the assessment and classification of the sites. The module only reads them; their rows come
--- from the authority. Where two rows of class bounds share a bound, the row that stands first in the table wins.
+-- from the authority. Where a ratio lies on a bound that two rows share, the lower class number wins.
 
 -- Trophic reference class by site.
 CREATE TABLE awaWRRL_TGZK (
