@@ -1,7 +1,9 @@
 #include <CLI/CLI.hpp>
 #include <ostream>
+#include <sstream>
 
 #include "FX_Algen/Explain.h"
+#include "fxalgen/AssessmentText.h"
 #include "fxalgen/Commands.h"
 #include "fxalgen/ExplanationText.h"
 #include "fxalgen/Scope.h"
@@ -14,7 +16,7 @@ class ExplainCommand : public Command {
 public:
     std::string_view Name() const override { return "explain"; }
     std::string_view Description() const override {
-        return "Tell finding by finding how the indices of one sub-habitat come about.";
+        return "Tell finding by finding how indices and class of one sub-habitat come about.";
     }
     std::string_view Example() const override {
         return "  fxalgen explain project.db Teilraum:17\n"
@@ -36,12 +38,21 @@ public:
         const store::DatabasePtr database = store::Workspace().OpenDatabase(path_);
         const std::vector<Teilraum> list = ReadTeilraeume(*database, scope);
         const Explanation explanation = Explain(database, list.front().ID_TR);
+        const AssessedSite site = ReadAssessments(database, list.front().ID_TR);
         if (format_ == "json") {
-            streams.Out << ExplanationAsJson(explanation).dump(2) << '\n';
+            Json json = ExplanationAsJson(explanation);
+            json["Assessments"] = AssessmentsAsJson(site);
+            json["AssessmentsFailed"] = FailureAsJson(site.Failed);
+            streams.Out << json.dump(2) << '\n';
         } else {
-            PrintExplanation(streams.Out, explanation, list.front(), SprachID());
+            std::ostringstream assessments;
+            PrintAssessments(assessments, site, explanation, SprachID());
+            PrintExplanation(streams.Out, explanation, list.front(), SprachID(), assessments.str());
         }
-        return Exit::Done;
+        if (!site.Failed) return Exit::Done;
+        streams.Err << "fxalgen explain: the stored assessments are not explained: "
+                    << site.Failed->Description << " (" << site.Failed->Number << ")\n";
+        return Exit::Failed;
     }
 
 private:

@@ -1,4 +1,5 @@
 #include "fxalgen/ExplanationText.h"
+#include "fxalgen/JsonParts.h"
 
 namespace FX_Algen::cli {
 
@@ -70,35 +71,9 @@ std::string_view NameOf(ClassRule rule) {
     return "Counted";
 }
 
-std::string_view NameOf(StoredResult state) {
-    switch (state) {
-        case StoredResult::Current:
-            return "Current";
-        case StoredResult::OutOfDate:
-            return "OutOfDate";
-        case StoredResult::Missing:
-            break;
-    }
-    return "Missing";
-}
-
-template <typename T>
-Json Optional(const std::optional<T>& value) {
-    return value ? Json(*value) : Json(nullptr);
-}
-
 /// With the digits that 32 bits hold.
 Json Optional32(const std::optional<float>& value, const char* where) {
     return value ? ToJson(store::Value(*value), where) : Json(nullptr);
-}
-
-Json TextOf(const std::string& text, const char* where) { return ToJson(store::Value(text), where); }
-
-template <typename List, typename Convert>
-Json ListOf(const List& list, Convert convert) {
-    Json array = Json::array();
-    for (const auto& entry : list) array.push_back(convert(entry));
-    return array;
 }
 
 Json FindingAsJson(const ExplainedFinding& finding) {
@@ -124,16 +99,6 @@ Json OmissionAsJson(const ExplainedOmission& omission) {
             {"Finding", FindingAsJson(omission.Finding)},
             {"Abundance", Optional(omission.Abundance)},
             {"Rule", NameOf(omission.Rule)}};
-}
-
-Json IndexAsJson(const ExplainedIndex& index) {
-    return {{"Column", index.Column},
-            {"Terms", ListOf(index.Terms, TermAsJson)},
-            {"LeftOut", ListOf(index.LeftOut, OmissionAsJson)},
-            {"WeightSum", Optional(index.WeightSum)},
-            {"ValueSum", Optional(index.ValueSum)},
-            {"Result", ToJson(index.Result, index.Column)},
-            {"Stored", ToJson(index.Stored, index.Column)}};
 }
 
 Json ClassAsJson(const ExplainedClass& one) {
@@ -167,6 +132,30 @@ Json StandAsJson(const ExplainedStand& stand) {
             {"SharePercent", Optional(stand.SharePercent)}};
 }
 
+}  // namespace
+
+std::string_view NameOf(StoredResult state) {
+    switch (state) {
+        case StoredResult::Current:
+            return "Current";
+        case StoredResult::OutOfDate:
+            return "OutOfDate";
+        case StoredResult::Missing:
+            break;
+    }
+    return "Missing";
+}
+
+Json IndexAsJson(const ExplainedIndex& index) {
+    return {{"Column", index.Column},
+            {"Terms", ListOf(index.Terms, TermAsJson)},
+            {"LeftOut", ListOf(index.LeftOut, OmissionAsJson)},
+            {"WeightSum", Optional(index.WeightSum)},
+            {"ValueSum", Optional(index.ValueSum)},
+            {"Result", ToJson(index.Result, index.Column)},
+            {"Stored", ToJson(index.Stored, index.Column)}};
+}
+
 Json ColumnAsJson(const ExplainedColumn& column) {
     return {{"Column", column.Column},
             {"Result", ToJson(column.Result, column.Column)},
@@ -178,8 +167,6 @@ Json FailureAsJson(const std::optional<Explanation::Failure>& failure) {
     if (!failure) return nullptr;
     return {{"Number", failure->Number}, {"Description", TextOf(failure->Description, "the failure")}};
 }
-
-}  // namespace
 
 Json ExplanationAsJson(const Explanation& explanation) {
     return {{"ID_TR", explanation.ID_TR},

@@ -107,7 +107,8 @@ class Writer {
 public:
     Writer(std::ostream& out, std::int16_t SprachID) : out_(out), SprachID_(SprachID) {}
 
-    void Head(const Explanation& explanation, const Teilraum& teilraum) const;
+    void Head(const Teilraum& teilraum) const;
+    void Variant(const Explanation& explanation) const;
     void Basis(const Explanation& explanation) const;
     void Index(const ExplainedIndex& index) const;
     void Classes(const Explanation& explanation) const;
@@ -161,7 +162,7 @@ std::string Writer::Place(const ExplainedFinding& finding) {
     return {};
 }
 
-void Writer::Head(const Explanation& explanation, const Teilraum& teilraum) const {
+void Writer::Head(const Teilraum& teilraum) const {
     std::string names;
     for (const store::Value* name :
          {&teilraum.PRJBez, &teilraum.ABBez, &teilraum.USBez, &teilraum.USDatumVon, &teilraum.TRBez}) {
@@ -169,6 +170,9 @@ void Writer::Head(const Explanation& explanation, const Teilraum& teilraum) cons
     }
     Title(Word(words::Teilraum) + " " + store::NumberText(teilraum.ID_TR) +
           (names.empty() ? "" : ": " + names));
+}
+
+void Writer::Variant(const Explanation& explanation) const {
     if (explanation.IstWRRL) out_ << Word(words::Variant) << "\n\n";
 }
 
@@ -386,9 +390,11 @@ void Writer::State(const Explanation& explanation) const {
 }  // namespace
 
 void PrintExplanation(std::ostream& out, const Explanation& explanation, const Teilraum& teilraum,
-                      std::int16_t SprachID) {
+                      std::int16_t SprachID, std::string_view assessments) {
     const Writer writer(out, SprachID);
-    writer.Head(explanation, teilraum);
+    writer.Head(teilraum);
+    out << assessments;
+    writer.Variant(explanation);
     if (!explanation.Sampled) {
         out << Text(words::NoSample, SprachID) << '\n';
         return;
@@ -398,6 +404,10 @@ void PrintExplanation(std::ostream& out, const Explanation& explanation, const T
     writer.Classes(explanation);
     writer.Counts(explanation);
     writer.State(explanation);
+}
+
+void PrintIndex(std::ostream& out, const ExplainedIndex& index, std::int16_t SprachID) {
+    Writer(out, SprachID).Index(index);
 }
 
 }  // namespace FX_Algen::cli

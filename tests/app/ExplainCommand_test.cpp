@@ -1,6 +1,8 @@
 #include <nlohmann/json.hpp>
 
+#include "FX_Algen/Assessment.h"
 #include "app/ProjektFixture.h"
+#include "wrrl/Auswertung.h"
 
 using namespace FX_Algen;
 using namespace FX_Algen::cli;
@@ -74,6 +76,77 @@ TEST_F(Explain, TellsHowFarAFailingCalculationComes) {
     EXPECT_THAT(outcome.Out, HasSubstr("SapIndex: nicht berechnet"));
     EXPECT_THAT(outcome.Out,
                 testing::ContainsRegex("Die Berechnung schlägt fehl: .*Oscillatoria.* \\(94\\)\n"));
+}
+
+/// Leaves the assessment of a sub-habitat, over all groups.
+void Assess(const store::DatabasePtr& database, std::int32_t ID_TR) {
+    const AssessmentSite site = ReadAssessmentSite(database, ID_TR);
+    Bewertungsauftrag order;
+    order.Liste.Datenbank = database;
+    order.Liste.Workspace = std::make_shared<store::Workspace>();
+    order.Liste.AktUebersicht = "Projekt";
+    order.Liste.ProjektID = site.ID_PRJ;
+    order.Liste.TeilraumID = ID_TR;
+    order.Liste.IstWRRLBerechnung = true;
+    std::string group;
+    Berechnung_WRRLInit(database);
+    Berechnung_WRRL(order, group);
+}
+
+TEST_F(Explain, SaysThatNothingIsAssessed) {
+    ASSERT_EQ(Call({"calculate", path_}).Code, 0);
+    EXPECT_THAT(Call({"explain", path_, "Teilraum:11"}).Out,
+                HasSubstr("Strom\n\nBewertung nach WRRL: keine gespeichert.\n\nGrundlagen\n"));
+    EXPECT_TRUE(Json("Teilraum:11").at("Assessments").empty());
+    EXPECT_TRUE(Json("Teilraum:11").at("AssessmentsFailed").is_null());
+}
+
+TEST_F(Explain, TellsTheClassBeforeTheIndices) {
+    // Neither taxonomy nor reference tables: the diatoms alone, and no class.
+    Assess(database_, 11);
+    const Outcome outcome = Call({"explain", path_, "Teilraum:11"});
+    EXPECT_EQ(outcome.Code, 0) << outcome.Err;
+    EXPECT_THAT(outcome.Out, HasSubstr("Strom\n"
+                                       "\n"
+                                       "Bewertung nach WRRL\n"
+                                       "\n"
+                                       "  Ökologischer Zustand: keine Klasse gefunden (n.v.)\n"
+                                       "  Gespeicherte Bewertung: aktuell\n"));
+    EXPECT_THAT(outcome.Out,
+                HasSubstr("    Referenzklasse: fehlt, keine Zeile in awaWRRL_TGZK (ID_AL_Bioregion = "
+                          "0, Hoehenstufe = 0); es gilt -\n"));
+    // all 100 valves are of the one diatom with 1.2: (4 - 1.2) / (4 + 1) = 0.56
+    EXPECT_THAT(outcome.Out, HasSubstr("    EQR = (4 - 1,2) / (4 - -1) = 0,560000, gerundet 0,56\n"));
+    EXPECT_THAT(outcome.Out, HasSubstr("  Beiträge zu TI_KA: siehe unten.\n"));
+    EXPECT_THAT(outcome.Out, HasSubstr("Cladophora glomerata        ID_PS 1  Systematik führt zu keiner"));
+    EXPECT_THAT(outcome.Out, testing::ContainsRegex("Trophieindex der Kieselalgen \\(TI_KA\\)\n"));
+    // The assessment made no quantity index, and nothing is out of date for that.
+    EXPECT_THAT(outcome.Out, HasSubstr("Gespeichertes Ergebnis: aktuell\n"));
+
+    const nlohmann::json assessment = Json("Teilraum:11").at("Assessments").at(0);
+    EXPECT_EQ(assessment.at("State"), "Current");
+    EXPECT_EQ(assessment.at("Trace").at("ReferenceSpecies").at("Reason"), "AbundanceBelow50");
+    EXPECT_EQ(assessment.at("Trace").at("Trophic").at("Ratio").at("EQR"), 0.56);
+    EXPECT_EQ(assessment.at("Trace").at("Trophic").at("ReferenceClass").at("Found"), false);
+    EXPECT_EQ(assessment.at("Trace").at("Column").at("Findings").at(0).at("LeftOut"), "NoTaxonomy");
+}
+
+TEST_F(Explain, OfAStationWithAnUnknownSignStillExplainsTheIndices) {
+    Assess(database_, 11);
+    Execute({"UPDATE UnvUStelle SET RefBioregionen='GÖ1' WHERE ID_UUS=1;"});
+    const Outcome outcome = Call({"explain", path_, "Teilraum:11"});
+    EXPECT_EQ(outcome.Code, 1);
+    EXPECT_THAT(outcome.Err, HasSubstr("fxalgen explain: the stored assessments are not explained: "));
+    EXPECT_THAT(outcome.Err, HasSubstr("GÖ1"));
+    EXPECT_THAT(outcome.Out, HasSubstr("Bewertung nach WRRL: gespeichert, aber nicht erklärbar: "));
+    EXPECT_THAT(outcome.Out, HasSubstr("Brücke"));
+    EXPECT_THAT(outcome.Out, HasSubstr("Trophieindex der Kieselalgen (TI_KA)\n"));
+    const Outcome json = Call({"explain", path_, "Teilraum:11", "--format", "json"});
+    EXPECT_EQ(json.Code, 1);
+    EXPECT_EQ(nlohmann::json::parse(json.Out).at("AssessmentsFailed").at("Number"), 3265);
+    // Without a stored assessment the site is none of its concern.
+    Execute({"DELETE * FROM awaErgWRRL;"});
+    EXPECT_EQ(Call({"explain", path_, "Teilraum:11"}).Code, 0);
 }
 
 TEST_F(Explain, RefusesWhatIsNoSubHabitat) {
