@@ -1,5 +1,7 @@
 #include "wrrl/Projektdatenbank.h"
 
+#include <unistd.h>
+
 #include <filesystem>
 
 #include "FX_Algen/Create.h"
@@ -29,8 +31,9 @@ Value OderNull(const std::optional<std::int32_t>& wert) { return wert ? Value(*w
 std::string NeuerPfad() {
     static int nummer = 0;
     const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    std::string name =
-        std::string(test->test_suite_name()) + "_" + test->name() + "_" + std::to_string(++nummer);
+    // With the process: two builds may run their tests at the same time.
+    std::string name = std::string(test->test_suite_name()) + "_" + test->name() + "_" +
+                       std::to_string(getpid()) + "_" + std::to_string(++nummer);
     for (auto& zeichen : name) {
         if (zeichen == '/') zeichen = '_';
     }
