@@ -8,6 +8,7 @@ std::vector<std::unique_ptr<Command>> MakeCommands() {
     commands.push_back(MakeLoadCommand());
     commands.push_back(MakeDumpCommand());
     commands.push_back(MakeCalculateCommand());
+    commands.push_back(MakeAssessCommand());
     commands.push_back(MakeResultsCommand());
     commands.push_back(MakeExplainCommand());
     commands.push_back(MakeAutomateCommand());

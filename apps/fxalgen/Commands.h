@@ -11,6 +11,7 @@ std::unique_ptr<Command> MakeCreateCommand();
 std::unique_ptr<Command> MakeLoadCommand();
 std::unique_ptr<Command> MakeDumpCommand();
 std::unique_ptr<Command> MakeCalculateCommand();
+std::unique_ptr<Command> MakeAssessCommand();
 std::unique_ptr<Command> MakeResultsCommand();
 std::unique_ptr<Command> MakeExplainCommand();
 std::unique_ptr<Command> MakeAutomateCommand();

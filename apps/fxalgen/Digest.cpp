@@ -14,15 +14,21 @@ constexpr std::string_view Ratings =
     "awaModulStandard.OB, awaModulStandard.B, awaModulStandard.BA, awaModulStandard.A, awaModulStandard.AP, "
     "awaModulStandard.P, awaModulStandard.ID_ART AS HatEinstufung, awaFamilie.ID_GRGR ";
 
+/// What an assessment reads besides: the kind of a taxon comes from the row of its major group there.
+constexpr std::string_view AssessmentRatings =
+    ", awaArt.IstArtniveau, awaGrossGr.ID_GRGR AS HatGruppe, awaGrossGr.RF_Kieselalge ";
+
 std::string WithTaxa(std::string_view findings, std::string_view table) {
     const std::string name(table);
-    return "FROM (((" + std::string(findings) + " LEFT JOIN awaModulStandard ON " + name +
+    return "FROM ((((" + std::string(findings) + " LEFT JOIN awaModulStandard ON " + name +
            ".ID_ART = awaModulStandard.ID_ART) LEFT JOIN awaArt ON " + name +
            ".ID_ART = awaArt.ID_ART) LEFT JOIN awaUnterFam ON awaArt.ID_UFAM = awaUnterFam.ID_UFAM) "
-           "LEFT JOIN awaFamilie ON awaUnterFam.ID_FAM = awaFamilie.ID_FAM ";
+           "LEFT JOIN awaFamilie ON awaUnterFam.ID_FAM = awaFamilie.ID_FAM) "
+           "LEFT JOIN awaGrossGr ON awaFamilie.ID_GRGR = awaGrossGr.ID_GRGR ";
 }
 
-std::array<std::string, 4> Statements(std::int32_t ID_TR) {
+/// Covers, stands, taxa of the stands, findings.
+std::array<std::string, 4> Statements(std::int32_t ID_TR, std::string_view ofFindings = {}) {
     const std::string id = store::NumberText(ID_TR);
     return {
         "SELECT DG_Gesamt, DG_MA, DG_Gesamt_WRRL, DG_MA_WRRL FROM awaTeilraum WHERE ID_TR=" + id + ";",
@@ -38,7 +44,7 @@ std::array<std::string, 4> Statements(std::int32_t ID_TR) {
             " ORDER BY awaArtPrStelle_MI.ID_TR_MI, awaArtPrStelle_MI.ID_ART, awaArtPrStelle_MI.CF;",
         "SELECT awaArtPrStelle.ID_PS AS Stelle, awaArtPrStelle.ID_ART AS Taxon, awaArtPrStelle.CF, "
         "awaArtPrStelle.DG_MA, awaArtPrStelle.SD_MA, awaArtPrStelle.Schalen_KA, " +
-            std::string(Ratings) +
+            std::string(Ratings) + std::string(ofFindings) +
             WithTaxa("(awaPrStelle INNER JOIN awaArtPrStelle ON awaPrStelle.ID_PS = awaArtPrStelle.ID_PS)",
                      "awaArtPrStelle") +
             "WHERE awaPrStelle.ID_TR=" + id +
@@ -78,12 +84,26 @@ std::string Digest::Text() const {
 
 std::string DigestOfInputs(store::Database& database, std::int32_t ID_TR) {
     Digest digest;
-    for (const std::string& statement : Statements(ID_TR)) {
-        digest.AddBytes("\f");
-        const auto rows = database.OpenRecordset(statement);
-        for (; !rows->Eof(); rows->MoveNext()) AddRow(digest, *rows);
-    }
+    for (const std::string& statement : Statements(ID_TR)) AddRows(digest, database, statement);
     return digest.Text();
+}
+
+void AddAssessedSample(Digest& digest, store::Database& database, std::int32_t ID_TR,
+                       const std::function<void(std::int32_t ID_ART)>& taxon) {
+    const auto statements = Statements(ID_TR, AssessmentRatings);
+    for (std::size_t i = 0; i + 1 < statements.size(); ++i) AddRows(digest, database, statements[i]);
+    AddRows(digest, database, statements.back(),
+            [&](const store::Recordset& row) { taxon(row["Taxon"].I4()); });
+}
+
+void AddRows(Digest& digest, store::Database& database, const std::string& statement,
+             const std::function<void(const store::Recordset&)>& row) {
+    digest.AddBytes("\f");
+    const auto rows = database.OpenRecordset(statement);
+    for (; !rows->Eof(); rows->MoveNext()) {
+        AddRow(digest, *rows);
+        if (row) row(*rows);
+    }
 }
 
 std::string DigestOfRow(const store::Recordset& row) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -25,6 +26,15 @@ private:
 /// Digest of all that the calculation of a sub-habitat reads: covers, stands, findings, and of each taxon
 /// found its ratings and its major group.
 std::string DigestOfInputs(store::Database& database, std::int32_t ID_TR);
+
+/// Adds all that the assessment of a sub-habitat reads of its sample: what the calculation reads, and of each
+/// taxon found whether it is determined to species level and a diatom. `taxon` is called behind each finding.
+void AddAssessedSample(Digest& digest, store::Database& database, std::int32_t ID_TR,
+                       const std::function<void(std::int32_t ID_ART)>& taxon);
+
+/// Adds the rows of a statement, all fields in their order; `row` is called behind each.
+void AddRows(Digest& digest, store::Database& database, const std::string& statement,
+             const std::function<void(const store::Recordset&)>& row = {});
 
 /// Digest of the current row of an open result, all fields in their order.
 std::string DigestOfRow(const store::Recordset& row);

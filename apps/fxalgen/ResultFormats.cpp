@@ -4,6 +4,7 @@
 #include "FX_Algen/Texts.h"
 #include "fxalgen/Json.h"
 #include "fxalgen/Lauf.h"
+#include "fxalgen/ResultCells.h"
 #include "fxalgen/Results.h"
 #include "fxalgen/Table.h"
 #include "fxalgen/Words.h"
@@ -32,22 +33,19 @@ std::string Mark(const store::Value& status) {
     return {};
 }
 
-std::string Cell(const store::Value& value, Show as, std::int16_t SprachID) {
-    if (value.IsNull()) return {};
-    switch (as) {
-        case Show::Text:
-            return DisplayText(value, SprachID);
-        case Show::Index:
-            // An index of 0 is no clean water but no index at all.
-            return value.R8() == 0 ? "-" : DisplayNumber(value.R8(), 2, SprachID);
-        case Show::Quantity:
-            return DisplayNumber(value.R8(), 3, SprachID);
-        case Show::Share:
-            return DisplayNumber(value.R8(), 1, SprachID);
-        case Show::Count:
-            break;
+bool IsText(const store::Value& value, Show as) {
+    return as == Show::Text || as == Show::NamedClass || as == Show::Group || as == Show::Flag ||
+           (as == Show::Reference && (value.IsNull() || value.TextOrNull() != nullptr));
+}
+
+/// Texts to the left, numbers to the right; a reference class may be either.
+Table::Align AlignmentOf(const ResultSet& results, const ResultColumn& column) {
+    for (const Record& record : results.Records) {
+        if (!record[column.Field].IsNull()) {
+            return IsText(record[column.Field], column.As) ? Table::Align::Left : Table::Align::Right;
+        }
     }
-    return DisplayNumber(value.R8(), 0, SprachID);
+    return Table::Align::Left;
 }
 
 /// Name of the sub-habitat's row: a second one from the diatoms alone is marked.
@@ -61,7 +59,7 @@ std::string NameCell(const Record& record, const NameColumn& column, std::int16_
 void PrintBlock(std::ostream& out, const ResultKind& kind, const ResultBlock& block, const ResultSet& results,
                 std::int16_t SprachID) {
     const bool first = &block == &kind.Blocks.front();
-    const bool withState = kind.IsClassic && first;
+    const bool withState = kind.State && first;
     Table table;
     table.AddColumn("ID", Table::Align::Right);
     for (const NameColumn& column : NameColumns) {
@@ -70,7 +68,7 @@ void PrintBlock(std::ostream& out, const ResultKind& kind, const ResultBlock& bl
     }
     for (const ResultColumn& column : block.Columns) {
         table.AddColumn(column.Caption == 0 ? std::string(column.Field) : Text(column.Caption, SprachID),
-                        column.As == Show::Text ? Table::Align::Left : Table::Align::Right);
+                        AlignmentOf(results, column));
     }
     if (withState) table.AddColumn(Text(words::Stand, SprachID), Table::Align::Left);
 
@@ -80,7 +78,7 @@ void PrintBlock(std::ostream& out, const ResultKind& kind, const ResultBlock& bl
             if (first || !column.FirstBlockOnly) cells.push_back(NameCell(record, column, SprachID));
         }
         for (const ResultColumn& column : block.Columns) {
-            cells.push_back(Cell(record[column.Field], column.As, SprachID));
+            cells.push_back(ResultCell(record, column, SprachID));
         }
         if (withState) cells.push_back(Mark(record[StatusField]));
         table.AddRow(std::move(cells));
@@ -95,14 +93,34 @@ bool AnyRecord(const ResultSet& results, Predicate predicate) {
     return std::any_of(results.Records.begin(), results.Records.end(), predicate);
 }
 
-bool ShowsNoIndex(const ResultKind& kind, const ResultSet& results) {
+template <typename Predicate>
+bool AnyCell(const ResultKind& kind, const ResultSet& results, Predicate predicate) {
     return AnyRecord(results, [&](const Record& record) {
         for (const ResultBlock& block : kind.Blocks) {
             for (const ResultColumn& column : block.Columns) {
-                if (column.As == Show::Index && Cell(record[column.Field], column.As, 0) == "-") return true;
+                if (predicate(record, column)) return true;
             }
         }
         return false;
+    });
+}
+
+bool ShowsNoIndex(const ResultKind& kind, const ResultSet& results) {
+    return AnyCell(kind, results, [](const Record& record, const ResultColumn& column) {
+        return column.As == Show::Index && ResultCell(record, column, Language::German) == "-";
+    });
+}
+
+bool ShowsNotAvailable(const ResultKind& kind, const ResultSet& results) {
+    const std::string text = Text(words::NotAvailable, Language::German);
+    return AnyCell(kind, results, [&](const Record& record, const ResultColumn& column) {
+        return ResultCell(record, column, Language::German) == text;
+    });
+}
+
+bool ShowsFlag(const ResultKind& kind, const ResultSet& results) {
+    return AnyCell(kind, results, [](const Record& record, const ResultColumn& column) {
+        return column.As == Show::Flag && !ResultCell(record, column, Language::German).empty();
     });
 }
 
@@ -126,14 +144,19 @@ void PrintLegend(std::ostream& out, const ResultKind& kind, const ResultSet& res
         line(words::Variant);
     }
     if (ShowsNoIndex(kind, results)) line(words::NoIndex);
-    if (occurs(LaufStand::OutOfDate)) line(words::OutOfDate);
-    if (occurs(LaufStand::Incomplete)) {
-        line(words::Incomplete);
+    if (ShowsNotAvailable(kind, results)) line(words::NotAvailableLegend);
+    if (ShowsFlag(kind, results)) line(words::BedingtLegend);
+    if (kind.State && occurs(LaufStand::OutOfDate)) line(kind.State->OutOfDate);
+    if (kind.State && occurs(LaufStand::Incomplete)) {
+        line(kind.State->Incomplete);
         PrintFailures(out, results);
     }
-    if (occurs(LaufStand::Unknown)) line(words::Unknown);
+    if (kind.State && occurs(LaufStand::Unknown)) line(kind.State->Unknown);
     if (results.WithoutResult > 0) {
         out << WithNumber(words::WithoutResult, SprachID, results.WithoutResult) << '\n';
+    }
+    for (const FailedTeilraum& failed : results.WithoutRow) {
+        out << "   " << failed.ID_TR << ": " << failed.Fehlertext << " (" << failed.Fehlernummer << ")\n";
     }
 }
 

@@ -1,6 +1,7 @@
 #include "fxalgen/Results.h"
 
 #include <algorithm>
+#include <array>
 
 #include "fxalgen/Words.h"
 
@@ -22,6 +23,32 @@ std::vector<ResultColumn> CoverageColumns() {
     return columns;
 }
 
+/// Columns that the modules of an assessment have alike: expected value, ratio, class, its name, raised
+/// class.
+using ModuleFields = std::array<std::string_view, 5>;
+
+constexpr ModuleFields TI_Columns{"TI_EW", "TI_EQR", "TI_OEZK", "TI_OEZK_Klasse", "TI_OEZK3"};
+constexpr ModuleFields SI_Columns{"SI_EW", "SI_EQR", "SI_OEZK", "SI_OEZK_Klasse", "SI_OEZK3"};
+constexpr ModuleFields RI_Columns{"RI_EW", "RI_EQR", "RI_OEZK", "RI_OEZK_Klasse", "RI_OEZK3"};
+
+std::vector<ResultColumn> ModuleColumns(std::string_view referenceClass, const ResultColumn& index,
+                                        const ModuleFields& fields) {
+    return {{referenceClass, words::Referenzklasse, Show::Reference},
+            index,
+            {fields[0], words::Erwartet, Show::Expected},
+            {fields[1], words::EQR, Show::Ratio},
+            {fields[2], words::OEZK, Show::Reference},
+            {fields[3], words::Klassenname, Show::Reference},
+            {fields[4], words::ErhoehteKlasse, Show::Reference}};
+}
+
+std::vector<ResultColumn> ReferenceSpeciesColumns() {
+    auto columns = ModuleColumns("Bioregionstyp", {"RI_EQR", words::Index, Show::ReferenceIndex}, RI_Columns);
+    columns.insert(columns.begin() + 1, {{"RI_Anzahl", words::AnteilAnzahl, Show::Ratio},
+                                         {"RI_Abundanz", words::AnteilAbundanz, Show::Ratio}});
+    return columns;
+}
+
 }  // namespace
 
 const store::Value& Record::operator[](std::string_view name) const {
@@ -35,6 +62,7 @@ const ResultKind& ClassicResults() {
     static const ResultKind kind{"awaErgProjekt",
                                  true,
                                  true,
+                                 StateTexts{words::OutOfDate, words::Incomplete, words::Unknown},
                                  {{words::Indices,
                                    {{"SapIndex", 5211, Show::Index},
                                     {"SapIndex_KA", 5212, Show::Index},
@@ -57,18 +85,21 @@ const ResultKind& ClassicResults() {
 }
 
 const ResultKind& WrrlResults() {
-    static const ResultKind kind{"awaErgWRRL",
-                                 true,
-                                 false,
-                                 {{words::Bewertung,
-                                   {{"Taxagruppe", 0, Show::Text},
-                                    {"TI_EQR", 0, Show::Index},
-                                    {"TI_OEZK_Klasse", 0, Show::Text},
-                                    {"SI_EQR", 0, Show::Index},
-                                    {"SI_OEZK_Klasse", 0, Show::Text},
-                                    {"RI_EQR", 0, Show::Index},
-                                    {"RI_OEZK_Klasse", 0, Show::Text},
-                                    {"OEZK_Klasse", 0, Show::Text}}}}};
+    static const ResultKind kind{
+        "awaErgWRRL",
+        true,
+        false,
+        StateTexts{words::AssessmentOutOfDate, words::AssessmentIncomplete, words::AssessmentUnknown},
+        {{words::Bewertung,
+          {{"Taxagruppe", words::Assessmentgruppe, Show::Group},
+           {"OEZK", words::Zustand, Show::NamedClass},
+           {"BedingtBewertbar", words::Bedingt, Show::Flag},
+           {"TI_OEZK", words::Trophiemodul, Show::Reference},
+           {"SI_OEZK", words::Saprobiemodul, Show::Reference},
+           {"RI_OEZK", words::Referenzartenmodul, Show::Reference}}},
+         {words::Trophiemodul, ModuleColumns("TGZK", {"TI", words::Index, Show::Index}, TI_Columns)},
+         {words::Saprobiemodul, ModuleColumns("SGZK", {"SI", words::Index, Show::Index}, SI_Columns)},
+         {words::Referenzartenmodul, ReferenceSpeciesColumns()}}};
     return kind;
 }
 
@@ -76,6 +107,7 @@ const ResultKind& SestonResults() {
     static const ResultKind kind{"sesErgProjekt",
                                  false,
                                  false,
+                                 std::nullopt,
                                  {{words::Indices,
                                    {{"SapIndex", 5211, Show::Index},
                                     {"SI_Streuung", 0, Show::Quantity},

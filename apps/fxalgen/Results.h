@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <iosfwd>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -40,6 +41,15 @@ enum class Show : std::uint8_t {
     Quantity,  ///< three places
     Share,     ///< percent with one place
     Count,     ///< whole number
+
+    // Of an assessment; the markers -1, "-" and "n.v." show as "n.v." in the language of the table.
+    Ratio,           ///< two places, 0 as well
+    Expected,        ///< two places
+    Reference,       ///< reference class, or a class or its name
+    NamedClass,      ///< number of a class, and the name from the column "<Field>_Klasse"
+    Group,           ///< group of algae in words
+    Flag,            ///< "ja" or nothing
+    ReferenceIndex,  ///< mean of RI_Abundanz and RI_Anzahl, whatever the field
 };
 
 struct ResultColumn {
@@ -53,11 +63,19 @@ struct ResultBlock {
     std::vector<ResultColumn> Columns;
 };
 
+/// Texts for the marks of the states, by their offsets in the string table.
+struct StateTexts {
+    std::int16_t OutOfDate;
+    std::int16_t Incomplete;
+    std::int16_t Unknown;
+};
+
 /// A result table and what is shown of it.
 struct ResultKind {
     std::string_view Table;
     bool HasKAOnly;                   ///< a sub-habitat may have a second row, from its diatoms alone
-    bool IsClassic;                   ///< rows carry coverage and state
+    bool HasCoverage;                 ///< rows carry coverage
+    std::optional<StateTexts> State;  ///< rows carry their state
     std::vector<ResultBlock> Blocks;  ///< the first one is shown with all names
 };
 
@@ -72,16 +90,24 @@ inline constexpr std::string_view CoverageFields[] = {
     "Anteil_Deckung_SI", "Anteil_Deckung_TI", "Anteil_Deckung_TI_N",
 };
 
-/// Fields of `Record` with the state of a classic row (`LaufStandText`), and how its calculation failed.
+/// Fields of `Record` with the state of a row (`LaufStandText`), and how its calculation failed.
 inline constexpr std::string_view StateFields[] = {"Status", "Fehlernummer", "Fehlertext"};
 inline constexpr std::string_view StatusField = StateFields[0];
 inline constexpr std::string_view FailureNumberField = StateFields[1];
 inline constexpr std::string_view FailureTextField = StateFields[2];
 
+/// A sub-habitat that failed before it had a row.
+struct FailedTeilraum {
+    std::int32_t ID_TR = 0;
+    std::int32_t Fehlernummer = 0;
+    std::string Fehlertext;
+};
+
 struct ResultSet {
     FieldNames Names;  ///< also where there are no records
     std::vector<Record> Records;
-    std::int32_t WithoutResult = 0;  ///< sub-habitats of the scope that have no row
+    std::int32_t WithoutResult = 0;            ///< sub-habitats of the scope that have no row
+    std::vector<FailedTeilraum> WithoutRow{};  ///< those of them of which it is known why
 };
 
 void PrintTable(std::ostream& out, const ResultKind& kind, const ResultSet& results, std::int16_t SprachID);

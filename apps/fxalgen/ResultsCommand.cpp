@@ -42,15 +42,18 @@ bool IsSet(const store::Value& flag) { return !flag.IsNull() && flag.Bool(); }
 
 std::string SelectRows(const ResultKind& kind, const std::string& condition) {
     return "SELECT * FROM " + std::string(kind.Table) + " WHERE " + condition +
-           (kind.HasKAOnly ? " ORDER BY ID, KAOnly DESC;" : " ORDER BY ID;");
+           (kind.HasKAOnly ? " ORDER BY ID, KAOnly;" : " ORDER BY ID;");
 }
 
 class ResultsCommand : public Command {
 public:
     std::string_view Name() const override { return "results"; }
-    std::string_view Description() const override { return "Show the results of the last calculation."; }
+    std::string_view Description() const override {
+        return "Show the results of the last calculation or assessment.";
+    }
     std::string_view Example() const override {
         return "  fxalgen results project.db\n"
+               "  fxalgen results project.db --wrrl --scope Projekt:1\n"
                "  fxalgen results project.db --scope UStelle:3 --format csv > results.csv";
     }
 
@@ -87,13 +90,14 @@ private:
     static ResultSet Read(const store::DatabasePtr& database, const ResultKind& kind, const Scope& scope) {
         ResultSet results;
         results.Names = ReadNames(*database, kind);
+        Laufpruefung pruefung(database);
         for (const Teilraum& teilraum : ReadTeilraeume(*database, scope)) {
             const auto rows =
                 database->OpenRecordset(SelectRows(kind, "ID=" + store::NumberText(teilraum.ID_TR)));
-            if (rows->Eof()) ++results.WithoutResult;
+            if (rows->Eof()) NoteWithout(results, *database, kind, teilraum.ID_TR);
             for (; !rows->Eof(); rows->MoveNext()) {
                 Record record(results.Names);
-                Fill(record, database, kind, teilraum, *rows);
+                Fill(record, database, kind, teilraum, pruefung, *rows);
                 results.Records.push_back(std::move(record));
             }
         }
@@ -104,20 +108,32 @@ private:
         std::vector<std::string> names(std::begin(NameFields), std::end(NameFields));
         const auto shape = database.OpenRecordset(SelectRows(kind, "ID=0"));
         for (const store::ResultField& field : shape->Fields()) names.push_back(field.Name);
-        if (kind.IsClassic) {
+        if (kind.HasCoverage) {
             names.insert(names.end(), std::begin(CoverageFields), std::end(CoverageFields));
-            names.insert(names.end(), std::begin(StateFields), std::end(StateFields));
         }
+        if (kind.State) names.insert(names.end(), std::begin(StateFields), std::end(StateFields));
         return std::make_shared<const std::vector<std::string>>(std::move(names));
     }
 
     static void Fill(Record& record, const store::DatabasePtr& database, const ResultKind& kind,
-                     const Teilraum& teilraum, const store::Recordset& row) {
+                     const Teilraum& teilraum, Laufpruefung& pruefung, const store::Recordset& row) {
         AddNames(record, teilraum);
         for (std::size_t i = 0; i < row.Fields().size(); ++i) record.Add(row[i]);
-        if (!kind.IsClassic) return;
-        AddCoverage(record, CoverageOf(database, teilraum.ID_TR, IsSet(row["IstWRRL"])));
-        AddState(record, LaufPruefen(*database, row));
+        if (kind.HasCoverage) {
+            AddCoverage(record, CoverageOf(database, teilraum.ID_TR, IsSet(row["IstWRRL"])));
+        }
+        if (!kind.State) return;
+        const bool isAssessment = kind.Table == WrrlResults().Table;
+        AddState(record, isAssessment ? pruefung.Bewertung(row) : pruefung.Ergebnis(row));
+    }
+
+    static void NoteWithout(ResultSet& results, store::Database& database, const ResultKind& kind,
+                            std::int32_t ID_TR) {
+        ++results.WithoutResult;
+        if (!kind.State) return;
+        if (const auto befund = FehlschlagOhneZeile(database, ID_TR)) {
+            results.WithoutRow.push_back({ID_TR, *befund->Fehlernummer, befund->Fehlertext});
+        }
     }
 
     /// Rows that no sub-habitat leads to are shown nowhere: that must not go unsaid.

@@ -43,7 +43,8 @@ constexpr std::array<Level, 5> Levels = {{
 
 constexpr std::string_view SelectList =
     "SELECT Teilraum.ID_TR AS TeilraumNr, Teilraum.TRBez, Projekt.ID_PRJ, Projekt.PRJBez, Abschnitt.ABBez, "
-    "UnvUStelle.USBez, UnvUStelle.Gewaessername, UnvUStelle.ID_AL_Bioregion, AL_Hoehenstufe.Hoehenstufe, "
+    "UnvUStelle.ID_UUS, UnvUStelle.USBez, UnvUStelle.Gewaessername, UnvUStelle.ID_AL_Bioregion, "
+    "AL_Hoehenstufe.Hoehenstufe, "
     "VerUStelle.USDatumVon, awaTeilraum.ID_TR AS AlgenNr ";
 
 constexpr std::string_view TreeOrder =
@@ -148,6 +149,7 @@ Teilraum ReadTeilraum(const store::Recordset& row) {
     Teilraum teilraum;
     teilraum.ID_TR = row["TeilraumNr"].I4();
     teilraum.ID_PRJ = row["ID_PRJ"];
+    teilraum.ID_UUS = row["ID_UUS"];
     teilraum.PRJBez = row["PRJBez"];
     teilraum.ABBez = row["ABBez"];
     teilraum.USBez = row["USBez"];

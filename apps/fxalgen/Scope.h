@@ -27,6 +27,7 @@ Scope ParseScope(std::string_view text);
 struct Teilraum {
     std::int32_t ID_TR = 0;
     store::Value ID_PRJ;
+    store::Value ID_UUS;
     store::Value PRJBez;
     store::Value ABBez;
     store::Value USBez;

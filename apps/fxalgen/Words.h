@@ -33,6 +33,44 @@ inline constexpr std::int16_t Calculated = 5250;
 inline constexpr std::int16_t WithoutAlgae = 5251;
 inline constexpr std::int16_t Failed = 5252;
 
+// Assessment.
+inline constexpr std::int16_t Assessed = 5260;
+inline constexpr std::int16_t FromDiatomsAlone = 5261;
+inline constexpr std::int16_t NotAssessed = 5262;
+inline constexpr std::int16_t WithMissingReferences = 5263;
+inline constexpr std::int16_t PreCheck = 5264;
+inline constexpr std::int16_t PreCheckColumn = 5265;
+inline constexpr std::int16_t CheckOk = 5266;
+inline constexpr std::int16_t CheckMissing = 5267;
+inline constexpr std::int16_t CheckFailed = 5268;
+inline constexpr std::int16_t CheckNoSample = 5269;
+inline constexpr std::int16_t ChecksPassed = 5270;
+inline constexpr std::int16_t ChecksNotPassed = 5271;
+inline constexpr std::int16_t AllAlgae = 5272;
+inline constexpr std::int16_t Diatoms = 5273;
+inline constexpr std::int16_t NotAvailable = 5274;
+inline constexpr std::int16_t Yes = 5275;
+inline constexpr std::int16_t Zustand = 5276;
+inline constexpr std::int16_t Bedingt = 5277;
+inline constexpr std::int16_t Trophiemodul = 5278;
+inline constexpr std::int16_t Saprobiemodul = 5279;
+inline constexpr std::int16_t Referenzartenmodul = 5280;
+inline constexpr std::int16_t Referenzklasse = 5281;
+inline constexpr std::int16_t Index = 5282;
+inline constexpr std::int16_t Erwartet = 5283;
+inline constexpr std::int16_t EQR = 5284;
+inline constexpr std::int16_t Klassenname = 5285;
+inline constexpr std::int16_t ErhoehteKlasse = 5286;
+inline constexpr std::int16_t AnteilAnzahl = 5287;
+inline constexpr std::int16_t AnteilAbundanz = 5288;
+inline constexpr std::int16_t BedingtLegend = 5289;
+inline constexpr std::int16_t NotAvailableLegend = 5290;
+inline constexpr std::int16_t AssessmentOutOfDate = 5291;
+inline constexpr std::int16_t AssessmentIncomplete = 5292;
+inline constexpr std::int16_t AssessmentUnknown = 5293;
+inline constexpr std::int16_t Assessmentgruppe = 5294;
+inline constexpr std::int16_t OEZK = 5295;
+
 // Explanations.
 inline constexpr std::int16_t NoSample = 5301;
 inline constexpr std::int16_t Grundlagen = 5303;

@@ -26,10 +26,13 @@ struct AssessmentSite {
     /// Condition over the columns of `awaRefArt_TypB`, made of `RefBioregionen`. Empty where that is empty:
     /// all reference species of type B count then, which deserves a warning.
     std::string RefBioregion;
+    /// Elements of `RefBioregionen` whose altitude step has no row in `AL_Hoehenstufe`: they hardly find a
+    /// reference species, which deserves a warning.
+    std::vector<std::string> UnknownSteps;
 };
 
 /// Reads the site of a sub-habitat. Each element of `RefBioregionen` is a `Kurzzeichen` with an optional last
-/// digit, the altitude step. Fails with 3265 where the sub-habitat or a `Kurzzeichen` does not exist; the
+/// digit, the altitude step (`AL_Hoehenstufe.ID_AL_Hoehenstufe`). Fails with 3265 where the sub-habitat or a `Kurzzeichen` does not exist; the
 /// description names station and sign.
 AssessmentSite ReadAssessmentSite(const store::DatabasePtr& database, std::int32_t ID_TR);
 

@@ -80,18 +80,26 @@ std::optional<std::int32_t> Bioregion(store::Database& database, const std::stri
                     ") or add the bioregion to AL_Bioregion.");
 }
 
-std::string Condition(store::Database& database, const store::Recordset& site,
-                      const std::string& refBioregionen) {
-    std::string condition;
-    for (const Element& element : Elements(refBioregionen)) {
+bool IsStep(store::Database& database, const std::string& stufe) {
+    return !database
+                .OpenRecordset(
+                    "SELECT ID_AL_Hoehenstufe FROM AL_Hoehenstufe WHERE ID_AL_Hoehenstufe=" + stufe + ";")
+                ->Eof();
+}
+
+void ReadCondition(store::Database& database, const store::Recordset& row, AssessmentSite& site) {
+    std::string& condition = site.RefBioregion;
+    for (const Element& element : Elements(site.RefBioregionen)) {
         const auto id = Bioregion(database, element.Kurzzeichen);
-        if (!id) UnknownSign(site, element);
+        if (!id) UnknownSign(row, element);
         if (!condition.empty()) condition += " OR ";
         condition += "(awaRefArt_TypB.ID_AL_Bioregion=" + store::NumberText(*id);
-        if (!element.Stufe.empty()) condition += " AND awaRefArt_TypB.ID_AL_Hoehenstufe=" + element.Stufe;
+        if (!element.Stufe.empty()) {
+            condition += " AND awaRefArt_TypB.ID_AL_Hoehenstufe=" + element.Stufe;
+            if (!IsStep(database, element.Stufe)) site.UnknownSteps.push_back(element.Text);
+        }
         condition += ")";
     }
-    return condition;
 }
 
 }  // namespace
@@ -111,7 +119,7 @@ AssessmentSite ReadAssessmentSite(const store::DatabasePtr& database, std::int32
     const store::Value& stufe = (*row)["Hoehenstufe"];
     site.Hoehenstufe = stufe.IsNull() ? std::int16_t{0} : stufe.I2();
     site.RefBioregionen = OrEmpty((*row)["RefBioregionen"]);
-    site.RefBioregion = Condition(db, *row, site.RefBioregionen);
+    ReadCondition(db, *row, site);
     row->Close();
     return site;
 }

@@ -213,16 +213,16 @@ TEST_F(Results, AreEmptyBeforeTheFirstRun) {
 
 TEST_F(Results, ShowRowsOfTheOtherResultTables) {
     Execute({
-        "INSERT INTO awaErgWRRL (ID, KAOnly, Taxagruppe, TI_EQR, OEZK_Klasse) VALUES (11, 0, 'Alle', 0.75, "
-        "'gut');",
+        "INSERT INTO awaErgWRRL (ID, KAOnly, Taxagruppe, TI_EQR, OEZK, OEZK_Klasse) VALUES (11, 0, 'Alle', "
+        "0.75, 2, 'gut');",
         "INSERT INTO sesErgProjekt (ID, SapIndex) VALUES (13, 2.25);",
     });
     const nlohmann::json wrrl = Json({"--wrrl"});
     ASSERT_EQ(wrrl.size(), 1u);
     EXPECT_EQ(wrrl[0]["TRBez"], "Strom");
     EXPECT_EQ(wrrl[0]["OEZK_Klasse"], "gut");
-    EXPECT_FALSE(wrrl[0].contains("Status"));
-    EXPECT_THAT(Call({"results", path_, "--wrrl"}).Out, HasSubstr("gut\n"));
+    EXPECT_EQ(wrrl[0]["Status"], "unknown");
+    EXPECT_THAT(Call({"results", path_, "--wrrl"}).Out, HasSubstr("2 gut"));
     const nlohmann::json seston = Json({"--seston"});
     ASSERT_EQ(seston.size(), 1u);
     EXPECT_EQ(seston[0]["ID"], 13);

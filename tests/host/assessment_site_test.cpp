@@ -131,6 +131,11 @@ TEST_F(AssessmentSites, NameTheStationOfAnUnknownSign) {
     }
 }
 
+TEST_F(AssessmentSites, TellStepsThatDoNotExist) {
+    RefBioregionen("KV4,AV9,KV,AV0");  // step 9 is the one with a row
+    EXPECT_THAT(ReadAssessmentSite(db_.Handle, 17).UnknownSteps, testing::ElementsAre("KV4", "AV0"));
+}
+
 TEST_F(AssessmentSites, HaveZeroForWhatIsNotEntered) {
     db_.Handle->Execute(
         "UPDATE UnvUStelle SET ID_AL_Bioregion=Null, ID_AL_Hoehenstufe=Null, RefBioregionen=Null;");

@@ -205,11 +205,4 @@ TEST_F(MissingReferenceRows, PassOverWhatAFailedRunDidNotReach) {
     EXPECT_THAT(Fehlende(), IsEmpty());
 }
 
-TEST_F(MissingReferenceRows, AreFoundByTextsWithAnApostrophe) {
-    Ergebnis(false, "Alle");
-    Setze("TGZK", "l'Öd");
-    Setze("TI_EW", -1.0);
-    EXPECT_THAT(Fehlende(), ElementsAre("awaWRRL_ETI Taxagruppe=Alle TGZK=l'Öd -> -1"));
-}
-
 }  // namespace

@@ -1,0 +1,108 @@
+#include "fxalgen/AssessmentRun.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace FX_Algen::cli {
+
+namespace {
+
+/// A link of the project tree upward: the field that names the row above, and what that row is.
+struct Link {
+    std::string_view Field;
+    std::string_view Above;
+    std::string_view Found;  ///< field of the statement below that is Null where the row above is missing
+};
+
+constexpr Link Links[] = {
+    {"Teilraum.ID_VUS", "visit", "Besuch"},
+    {"VerUStelle.ID_UUS", "station", "Stelle"},
+    {"UnvUStelle.ID_AB", "section", "Strecke"},
+    {"Abschnitt.ID_PRJ", "project", "Vorhaben"},
+};
+
+bool HasColumn(store::Database& database, std::int32_t ID_TR) {
+    const std::string name = "A" + store::NumberText(ID_TR);
+    auto tables = database.TableDefs();
+    const auto& fields = tables["awaArtenlisteHaeufigkeit"].Fields();
+    return std::any_of(fields.begin(), fields.end(),
+                       [&](const store::FieldDef& field) { return field.Name == name; });
+}
+
+bool HasSamplingSite(store::Database& database, const std::string& id) {
+    return !database.OpenRecordset("SELECT ID_PS FROM awaPrStelle WHERE ID_TR=" + id + ";")->Eof();
+}
+
+/// The first link of the tree above the sub-habitat that leads nowhere.
+std::string BrokenLink(store::Database& database, const std::string& id) {
+    const auto row = database.OpenRecordset(
+        "SELECT VerUStelle.ID_VUS AS Besuch, UnvUStelle.ID_UUS AS Stelle, Abschnitt.ID_AB AS Strecke, "
+        "Projekt.ID_PRJ AS Vorhaben "
+        "FROM (((Teilraum LEFT JOIN VerUStelle ON Teilraum.ID_VUS = VerUStelle.ID_VUS) "
+        "LEFT JOIN UnvUStelle ON VerUStelle.ID_UUS = UnvUStelle.ID_UUS) "
+        "LEFT JOIN Abschnitt ON UnvUStelle.ID_AB = Abschnitt.ID_AB) "
+        "LEFT JOIN Projekt ON Abschnitt.ID_PRJ = Projekt.ID_PRJ WHERE Teilraum.ID_TR=" +
+        id + ";");
+    for (const Link& link : Links) {
+        if (row->Eof() || (*row)[link.Found].IsNull()) {
+            return "the project tree above it is broken: " + std::string(link.Field) + " leads to no " +
+                   std::string(link.Above);
+        }
+    }
+    return "the list could not be built";
+}
+
+}  // namespace
+
+void SetAssessmentContext(AL_PS& ps, const AssessmentSite& site, bool KAOnly) {
+    SetAssessmentSite(ps, site);
+    ps.TaxaAuswahl("");
+    ps.RechPrjName("");
+    ps.IstWRRLBerechnung(true);
+    ps.KAOnly(KAOnly);
+    ps.IstWGEV07(false);
+    ps.ValenzGewicht(false);
+    ps.DebugModus(false);
+    ps.SilentModus(true);
+    ps.Pbar_SBFormhWnd(0);
+}
+
+std::optional<std::string> WhyNotListed(store::Database& database, const AssessmentSite& site) {
+    if (HasColumn(database, site.ID_TR)) return std::nullopt;
+    const std::string id = store::NumberText(site.ID_TR);
+    return "it has no place in the frequency list, so that nothing of it was counted: " +
+           (HasSamplingSite(database, id) ? BrokenLink(database, id)
+                                          : "it has no sampling site (no row in awaPrStelle)");
+}
+
+std::string ReferenceText(const ReferenceLookup& lookup) {
+    std::string keys;
+    for (const LookupKey& key : lookup.Keys) {
+        keys.append(keys.empty() ? "" : ", ").append(key.Column).append("=").append(key.Value);
+    }
+    return lookup.Table + " (" + keys + ")";
+}
+
+std::vector<std::string> StationWarnings::Of(const Teilraum& teilraum, const AssessmentSite& site) {
+    if (teilraum.ID_UUS.IsNull()) return {};
+    const std::int32_t id = teilraum.ID_UUS.I4();
+    if (std::find(seen_.begin(), seen_.end(), id) != seen_.end()) return {};
+    seen_.push_back(id);
+    const std::string water =
+        teilraum.Gewaessername.IsNull() ? "" : " (" + teilraum.Gewaessername.Text() + ")";
+    const std::string station = "station '" + site.USBez + "'" + water;
+    const std::string field = " (UnvUStelle.RefBioregionen, ID_UUS " + store::NumberText(id) + ")";
+    std::vector<std::string> warnings;
+    if (site.RefBioregion.empty()) {
+        warnings.push_back(station + " lists no reference bioregion" + field +
+                           ": all reference species of type B count");
+    }
+    for (const std::string& element : site.UnknownSteps) {
+        warnings.push_back(station + " lists '" + element + "'" + field +
+                           ", and AL_Hoehenstufe has no such altitude step: no reference species of type B "
+                           "may count by it");
+    }
+    return warnings;
+}
+
+}  // namespace FX_Algen::cli

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "FX_Algen/AL_PS.h"
+#include "FX_Algen/Assessment.h"
+#include "FX_Algen/Store.h"
+#include "fxalgen/Scope.h"
+
+/// The program in its role as host of an assessment.
+namespace FX_Algen::cli {
+
+/// Sets sub-habitat, site and every other member that an assessment may read: an instance never forgets.
+void SetAssessmentContext(AL_PS& ps, const AssessmentSite& site, bool KAOnly);
+
+/// Why the frequency list has no column for the sub-habitat, in words; none where it has one. Without it all
+/// counts and sums are 0, and the class that would follow from them is none.
+std::optional<std::string> WhyNotListed(store::Database& database, const AssessmentSite& site);
+
+/// "awaWRRL_TGZK (ID_AL_Bioregion=5, Hoehenstufe=9)"
+std::string ReferenceText(const ReferenceLookup& lookup);
+
+/// What a station deserves a warning for, each once for a station.
+class StationWarnings {
+public:
+    /// Warnings about the station of a sub-habitat; empty where they were given already.
+    std::vector<std::string> Of(const Teilraum& teilraum, const AssessmentSite& site);
+
+private:
+    std::vector<std::int32_t> seen_;
+};
+
+}  // namespace FX_Algen::cli
