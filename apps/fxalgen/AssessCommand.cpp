@@ -131,7 +131,7 @@ private:
     void Run(const AssessmentSite& site, bool KAOnly) {
         SetAssessmentContext(ps_, site, KAOnly);
         ps_.Berechnung_WRRL();
-        const auto why = WhyNotListed(*database_, site);
+        const auto why = WhyNotListed(database_, site);
         if (!why) return;
         const std::string where = " WHERE ID=" + store::NumberText(site.ID_TR) + ";";
         database_->Execute("DELETE * FROM awaErgWRRL" + where);
@@ -183,7 +183,7 @@ private:
             WarnOfStation(teilraum, site, outcome);
             SetAssessmentContext(ps_, site, false);
             ps_.Berechnung_WRRLArtenlisteTLR();
-            if (const auto why = WhyNotListed(*database_, site)) throw Error(NotListedNumber, *why);
+            if (const auto why = WhyNotListed(database_, site)) throw Error(NotListedNumber, *why);
             ps_.Pruefung_WRRL();
             if (ps_.ExportIsOK()) {
                 ++outcome.Done;

@@ -21,14 +21,6 @@ constexpr Link Links[] = {
     {"Abschnitt.ID_PRJ", "project", "Vorhaben"},
 };
 
-bool HasColumn(store::Database& database, std::int32_t ID_TR) {
-    const std::string name = "A" + store::NumberText(ID_TR);
-    auto tables = database.TableDefs();
-    const auto& fields = tables["awaArtenlisteHaeufigkeit"].Fields();
-    return std::any_of(fields.begin(), fields.end(),
-                       [&](const store::FieldDef& field) { return field.Name == name; });
-}
-
 bool HasSamplingSite(store::Database& database, const std::string& id) {
     return !database.OpenRecordset("SELECT ID_PS FROM awaPrStelle WHERE ID_TR=" + id + ";")->Eof();
 }
@@ -67,12 +59,12 @@ void SetAssessmentContext(AL_PS& ps, const AssessmentSite& site, bool KAOnly) {
     ps.Pbar_SBFormhWnd(0);
 }
 
-std::optional<std::string> WhyNotListed(store::Database& database, const AssessmentSite& site) {
-    if (HasColumn(database, site.ID_TR)) return std::nullopt;
+std::optional<std::string> WhyNotListed(const store::DatabasePtr& database, const AssessmentSite& site) {
+    if (HasFrequencyColumn(database, site.ID_TR)) return std::nullopt;
     const std::string id = store::NumberText(site.ID_TR);
     return "it has no place in the frequency list, so that nothing of it was counted: " +
-           (HasSamplingSite(database, id) ? BrokenLink(database, id)
-                                          : "it has no sampling site (no row in awaPrStelle)");
+           (HasSamplingSite(*database, id) ? BrokenLink(*database, id)
+                                           : "it has no sampling site (no row in awaPrStelle)");
 }
 
 std::string ReferenceText(const ReferenceLookup& lookup) {

@@ -18,7 +18,7 @@ void SetAssessmentContext(AL_PS& ps, const AssessmentSite& site, bool KAOnly);
 
 /// Why the frequency list has no column for the sub-habitat, in words; none where it has one. Without it all
 /// counts and sums are 0, and the class that would follow from them is none.
-std::optional<std::string> WhyNotListed(store::Database& database, const AssessmentSite& site);
+std::optional<std::string> WhyNotListed(const store::DatabasePtr& database, const AssessmentSite& site);
 
 /// "awaWRRL_TGZK (ID_AL_Bioregion=5, Hoehenstufe=9)"
 std::string ReferenceText(const ReferenceLookup& lookup);

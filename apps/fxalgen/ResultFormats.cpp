@@ -143,7 +143,7 @@ void PrintLegend(std::ostream& out, const ResultKind& kind, const ResultSet& res
     if (AnyRecord(results, [](const Record& r) { return !r["IstWRRL"].IsNull() && r["IstWRRL"].Bool(); })) {
         line(words::Variant);
     }
-    if (ShowsNoIndex(kind, results)) line(words::NoIndex);
+    if (ShowsNoIndex(kind, results)) line(kind.State ? kind.State->NoIndex : words::NoIndex);
     if (ShowsNotAvailable(kind, results)) line(words::NotAvailableLegend);
     if (ShowsFlag(kind, results)) line(words::BedingtLegend);
     if (kind.State && occurs(LaufStand::OutOfDate)) line(kind.State->OutOfDate);

@@ -63,11 +63,12 @@ struct ResultBlock {
     std::vector<ResultColumn> Columns;
 };
 
-/// Texts for the marks of the states, by their offsets in the string table.
+/// Texts below the tables, by their offsets in the string table.
 struct StateTexts {
     std::int16_t OutOfDate;
     std::int16_t Incomplete;
     std::int16_t Unknown;
+    std::int16_t NoIndex;
 };
 
 /// A result table and what is shown of it.
@@ -75,7 +76,7 @@ struct ResultKind {
     std::string_view Table;
     bool HasKAOnly;                   ///< a sub-habitat may have a second row, from its diatoms alone
     bool HasCoverage;                 ///< rows carry coverage
-    std::optional<StateTexts> State;  ///< rows carry their state
+    std::optional<StateTexts> State;  ///< of rows that carry their state
     std::vector<ResultBlock> Blocks;  ///< the first one is shown with all names
 };
 

@@ -70,6 +70,7 @@ inline constexpr std::int16_t AssessmentIncomplete = 5292;
 inline constexpr std::int16_t AssessmentUnknown = 5293;
 inline constexpr std::int16_t Assessmentgruppe = 5294;
 inline constexpr std::int16_t OEZK = 5295;
+inline constexpr std::int16_t AssessmentNoIndex = 5296;
 
 // Explanations.
 inline constexpr std::int16_t NoSample = 5301;

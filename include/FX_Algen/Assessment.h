@@ -32,12 +32,17 @@ struct AssessmentSite {
 };
 
 /// Reads the site of a sub-habitat. Each element of `RefBioregionen` is a `Kurzzeichen` with an optional last
-/// digit, the altitude step (`AL_Hoehenstufe.ID_AL_Hoehenstufe`). Fails with 3265 where the sub-habitat or a `Kurzzeichen` does not exist; the
-/// description names station and sign.
+/// digit, the altitude step (`AL_Hoehenstufe.ID_AL_Hoehenstufe`). Fails with 3265 where the sub-habitat or a
+/// `Kurzzeichen` does not exist; the description names station and sign.
 AssessmentSite ReadAssessmentSite(const store::DatabasePtr& database, std::int32_t ID_TR);
 
 /// Sets sub-habitat, scope (its own project, `USTAuswahl` false) and site into an instance.
 void SetAssessmentSite(AL_PS& ps, const AssessmentSite& site);
+
+/// Whether the frequency list has a column for the sub-habitat. It has none for one without sampling site or
+/// with a broken project tree above it: all its counts are 0 then, and the class that follows from them is no
+/// assessment. A host looks after each run.
+bool HasFrequencyColumn(const store::DatabasePtr& database, std::int32_t ID_TR);
 
 /// The reference rows that the stored assessments of a sub-habitat lacked, each once, the cause before what
 /// follows from it: lookups whose marker value was stored and that find no row. The class at the raised ratio

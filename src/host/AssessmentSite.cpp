@@ -134,4 +134,12 @@ void SetAssessmentSite(AL_PS& ps, const AssessmentSite& site) {
     ps.RefBioregion(site.RefBioregion);
 }
 
+bool HasFrequencyColumn(const store::DatabasePtr& database, std::int32_t ID_TR) {
+    const std::string name = "A" + store::NumberText(ID_TR);
+    auto tables = calc::Vorhanden(database, "HasFrequencyColumn").TableDefs();
+    const auto& fields = tables["awaArtenlisteHaeufigkeit"].Fields();
+    return std::any_of(fields.begin(), fields.end(),
+                       [&](const store::FieldDef& field) { return field.Name == name; });
+}
+
 }  // namespace FX_Algen

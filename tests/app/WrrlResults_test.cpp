@@ -77,7 +77,7 @@ TEST_F(WrrlResults, ShowMarkersInWordsAndTellWhatTheyMean) {
     EXPECT_THAT(out, HasSubstr("Strom [KA]  n.v.                -      n.v.  0,00    n.v.  n.v.     "));
     EXPECT_THAT(out, HasSubstr("\nn.v.  nicht vorhanden"));
     EXPECT_THAT(out, HasSubstr("\nbedingt: "));
-    EXPECT_THAT(out, HasSubstr("\n-  kein Index"));
+    EXPECT_THAT(out, HasSubstr("\n-  kein Index: kein Taxon mit Gewicht; der EQR ist dann 0"));
     EXPECT_THAT(out, HasSubstr("\n?  unbekannt: nicht mit diesem Programm bewertet"));
     EXPECT_THAT(out, HasSubstr("\nTeilräume ohne Ergebnis: 2\n"));
     EXPECT_THAT(out, Not(HasSubstr("-1")));
