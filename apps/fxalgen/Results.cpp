@@ -35,15 +35,16 @@ std::vector<ResultColumn> ModuleColumns(std::string_view referenceClass, const R
                                         const ModuleFields& fields) {
     return {{referenceClass, words::Referenzklasse, Show::Reference},
             index,
-            {fields[0], words::Erwartet, Show::Expected},
-            {fields[1], words::EQR, Show::Ratio},
-            {fields[2], words::OEZK, Show::Reference},
+            {fields[0], words::ModulErwartet, Show::Expected},
+            {fields[1], words::ModulEQR, Show::Ratio},
+            {fields[2], words::ModulOEZK, Show::Reference},
             {fields[3], words::Klassenname, Show::Reference},
             {fields[4], words::ErhoehteKlasse, Show::Reference}};
 }
 
 std::vector<ResultColumn> ReferenceSpeciesColumns() {
-    auto columns = ModuleColumns("Bioregionstyp", {"RI_EQR", words::Index, Show::ReferenceIndex}, RI_Columns);
+    auto columns =
+        ModuleColumns("Bioregionstyp", {"RI_EQR", words::ModulIndex, Show::ReferenceIndex}, RI_Columns);
     columns.insert(columns.begin() + 1, {{"RI_Anzahl", words::AnteilAnzahl, Show::Ratio},
                                          {"RI_Abundanz", words::AnteilAbundanz, Show::Ratio}});
     return columns;
@@ -90,17 +91,16 @@ const ResultKind& WrrlResults() {
         "awaErgWRRL",
         true,
         false,
-        StateTexts{words::AssessmentOutOfDate, words::AssessmentIncomplete, words::AssessmentUnknown,
-                   words::AssessmentNoIndex},
+        StateTexts{words::WrrlOutOfDate, words::WrrlIncomplete, words::WrrlUnknown, words::WrrlNoIndex},
         {{words::Bewertung,
-          {{"Taxagruppe", words::Assessmentgruppe, Show::Group},
+          {{"Taxagruppe", words::Algengruppe, Show::Group},
            {"OEZK", words::Zustand, Show::NamedClass},
            {"BedingtBewertbar", words::Bedingt, Show::Flag},
            {"TI_OEZK", words::Trophiemodul, Show::Reference},
            {"SI_OEZK", words::Saprobiemodul, Show::Reference},
            {"RI_OEZK", words::Referenzartenmodul, Show::Reference}}},
-         {words::Trophiemodul, ModuleColumns("TGZK", {"TI", words::Index, Show::Index}, TI_Columns)},
-         {words::Saprobiemodul, ModuleColumns("SGZK", {"SI", words::Index, Show::Index}, SI_Columns)},
+         {words::Trophiemodul, ModuleColumns("TGZK", {"TI", words::ModulIndex, Show::Index}, TI_Columns)},
+         {words::Saprobiemodul, ModuleColumns("SGZK", {"SI", words::ModulIndex, Show::Index}, SI_Columns)},
          {words::Referenzartenmodul, ReferenceSpeciesColumns()}}};
     return kind;
 }

@@ -98,6 +98,18 @@ TEST_F(FirstSteps, TheProgramCalculatesAndExplainsTheDemoRivers) {
     for (const auto& row : rows) EXPECT_EQ(row["Status"], "current");
     const std::string first = std::to_string(rows.at(0).at("ID").get<int>());
     EXPECT_THAT(Start("explain " + database + " Teilraum:" + first).Out, HasSubstr("SapIndex = "));
+    // Afterwards the assessment, for which the example reference tables hold everything.
+    EXPECT_EQ(Start("assess " + database + " --check").Code, 0);
+    const Outcome assess = Start("assess " + database + " --lang en");
+    EXPECT_EQ(assess.Code, 0);
+    EXPECT_THAT(assess.Out, HasSubstr("Sub-habitats assessed: "));
+    EXPECT_EQ(assess.Err, "");
+    const auto classes = nlohmann::json::parse(Start("results " + database + " --wrrl --format json").Out);
+    EXPECT_GE(classes.size(), 18u);
+    for (const auto& row : classes) {
+        EXPECT_EQ(row["Status"], "current");
+        EXPECT_THAT(row["OEZK_Klasse"].get<std::string>(), HasSubstr("(Beispiel)"));
+    }
 }
 
 TEST_F(FirstSteps, TheProgramSeparatesResultsMessagesAndExitCodes) {

@@ -53,6 +53,56 @@ int Calculate(const std::string& path, std::ostream& out) {
     return failed;
 }
 // end of the example
+
+// begin of the assessment
+int Assess(const std::string& path, std::ostream& out) {
+    const auto workspace = std::make_shared<store::Workspace>();
+    const auto database = workspace->OpenDatabase(path);
+
+    AL_PS ps;
+    ps.CurrentWS(workspace);
+    ps.CurrentDB(database);
+    ps.DBName(path);
+    ps.SprachID(Language::German);
+    ps.IstWRRLBerechnung(true);
+    ps.DebugModus(false);
+    ps.Berechnung_WRRLInit();
+
+    int failed = 0;
+    const auto subhabitats = database->OpenRecordset("SELECT ID_TR FROM awaTeilraum ORDER BY ID_TR;");
+    for (; !subhabitats->Eof(); subhabitats->MoveNext()) {
+        const auto id = (*subhabitats)["ID_TR"].I4();
+        try {
+            const auto site = ReadAssessmentSite(database, id);
+            SetAssessmentSite(ps, site);
+            for (const bool diatomsAlone : {false, true}) {
+                ps.KAOnly(diatomsAlone);
+                ps.Berechnung_WRRL();
+            }
+            if (!HasFrequencyColumn(database, id)) {
+                database->Execute("DELETE * FROM awaErgWRRL WHERE ID=" + store::NumberText(id) + ";");
+                out << id << ": no sampling site, or the project tree above is broken\n";
+                ++failed;
+            }
+            for (const auto& missing : MissingReferences(database, site)) {
+                out << id << ": no row in " << missing.Table << '\n';
+            }
+        } catch (const Error& error) {
+            out << error.Number() << ": " << error.Description() << '\n';
+            ++failed;
+        }
+    }
+
+    const auto results =
+        database->OpenRecordset("SELECT ID, KAOnly, OEZK, OEZK_Klasse FROM awaErgWRRL ORDER BY ID, KAOnly;");
+    for (; !results->Eof(); results->MoveNext()) {
+        out << (*results)["ID"].Text() << ((*results)["KAOnly"].Bool() ? " diatoms" : "");
+        const auto& name = (*results)["OEZK_Klasse"];
+        out << ' ' << (name.IsNull() ? "failed" : name.Text()) << '\n';
+    }
+    return failed;
+}
+// end of the assessment
 // clang-format on
 
 namespace {
@@ -78,6 +128,10 @@ TEST(HostsPage, ShowsTheExampleThatIsCompiledHere) {
                               "// end of the example\n");
     ASSERT_FALSE(here.empty());
     EXPECT_NE(FileText("docs/hosts.md").find("```cpp\n" + here + "```"), std::string::npos);
+    const auto assessment = Between(FileText("tests/host/hosts_page_test.cpp"),
+                                    "// begin of the assessment\n", "// end of the assessment\n");
+    ASSERT_FALSE(assessment.empty());
+    EXPECT_NE(FileText("docs/hosts.md").find("```cpp\n" + assessment + "```"), std::string::npos);
 }
 
 TEST(HostsPage, ExampleCalculatesAndReportsFailures) {
@@ -98,6 +152,37 @@ TEST(HostsPage, ExampleCalculatesAndReportsFailures) {
     // One taxon: the indices are its values. Quantity index: 2 mm * 40 % / 100.
     EXPECT_THAT(out.str(), testing::MatchesRegex("Algen-Berechnung der Indizes\n94: .*DG_Gesamt.*\n"
                                                  "17 SapIndex=2 TI=1\\.5 AMI=0\\.8\n18 .*\n"));
+}
+
+TEST(HostsPage, AssessmentExampleTellsClassesAndWhatIsMissing) {
+    test::TestDatabase db;
+    for (const auto* statement :
+         {"INSERT INTO Projekt (ID_PRJ, PRJBez) VALUES (1, 'Bäche');",
+          "INSERT INTO Abschnitt (ID_AB, ID_PRJ) VALUES (1, 1);",
+          "INSERT INTO UnvUStelle (ID_UUS, ID_AB, USBez) VALUES (1, 1, 'Brücke');",
+          "INSERT INTO VerUStelle (ID_VUS, ID_UUS) VALUES (1, 1);",
+          "INSERT INTO Teilraum (ID_TR, ID_VUS) VALUES (17, 1);",
+          "INSERT INTO Teilraum (ID_TR, ID_VUS) VALUES (18, 1);",
+          "INSERT INTO awaFamilie (ID_FAM, Familie, ID_GRGR) VALUES (1, 'Achnanthidiaceae', 128);",
+          "INSERT INTO awaUnterFam (ID_UFAM, ID_FAM) VALUES (1, 1);",
+          "INSERT INTO awaArt (ID_ART, ID_UFAM, Gattung, Art, IstArtniveau) VALUES (5, 1, 'Grün', 'a', -1);",
+          "INSERT INTO awaModulStandard (ID_ART, SI, Sap_GBer, Trophiewert, Trophiegewicht, Lebensform) "
+          "VALUES (5, 2, 1, 2, 1, 1);",
+          "INSERT INTO awaTeilraum (ID_TR) VALUES (17);", "INSERT INTO awaTeilraum (ID_TR) VALUES (18);",
+          "INSERT INTO awaPrStelle (ID_PS, ID_TR, PSBez) VALUES (1, 17, 'Ufer');",
+          "INSERT INTO awaArtPrStelle (ID_PS, ID_ART, CF, Schalen_KA) VALUES (1, 5, False, 100);",
+          "INSERT INTO awaWRRL_SGZK (ID_AL_Bioregion, Hoehenstufe, Gueteklasse) VALUES (0, 0, 2);",
+          "INSERT INTO awaWRRL_ESI (Taxagruppe, Gueteklasse, ErwarteterWert) VALUES ('KA', 2, 1.5);",
+          "INSERT INTO awaWRRL_SIOEZK (Taxagruppe, Gueteklasse, EQRMin, EQRMax, OEZK) "
+          "VALUES ('KA', 2, 0, 1, 2);",
+          "INSERT INTO awaWRRL_Klasse (Klassenzahl, Bezeichnung) VALUES (2, 'mäßig gut');"})
+        db.Handle->Execute(statement);
+    std::ostringstream out;
+    // Sub-habitat 18 has no sampling site. 17 rests on its diatoms: the saprobic module alone has its tables,
+    // EQR (4 - 2) / (4 - 1.5) = 0.8, class 2.
+    EXPECT_EQ(Assess(db.Path(), out), 1);
+    EXPECT_THAT(out.str(), testing::MatchesRegex("(17: no row in awaWRRL_(TGZK|ETI|TIOEZK|RBioregionstyp|ERI|"
+                                                 "RIOEZK)\n)+18: no sampling site[^\n]*\n17 mäßig gut\n"));
 }
 
 }  // namespace
