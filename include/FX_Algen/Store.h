@@ -76,6 +76,7 @@ public:
     void Refresh();  ///< reads the list anew
     std::size_t Count() const noexcept { return tables_.size(); }
     TableDef& operator[](std::size_t index);      ///< 381 past the end
+    const std::string& Name(std::size_t index);   ///< of a table, whose fields are not read; 381 past the end
     TableDef& operator[](std::string_view name);  ///< 3265 if there is none
     void Append(TableDef& table);                 ///< creates the table; 13 without a field
     void Delete(std::string_view name);           ///< 3265 if there is none
@@ -83,6 +84,7 @@ public:
 private:
     friend class Database;
     explicit TableDefs(std::shared_ptr<Connection> connection);
+    TableDef& At(std::size_t index);
     TableDef& WithFields(TableDef& table);
     std::shared_ptr<Connection> connection_;
     std::vector<TableDef> tables_;

@@ -80,7 +80,7 @@ bool Tabelle_Loeschen(const std::string& dbPfad, const std::string& tabelle) {
         auto tables = database->TableDefs();
         tables.Refresh();
         for (std::size_t i = 0; i < tables.Count(); ++i) {
-            if (tables[i].Name() != tabelle) continue;
+            if (tables.Name(i) != tabelle) continue;
             tables.Delete(tabelle);
             break;
         }

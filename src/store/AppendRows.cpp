@@ -27,6 +27,7 @@ void AppendRows(const std::shared_ptr<Connection>& connection, std::string_view 
         // Not one of the statements kept ready: its columns come once.
         const auto insert = connection->TheEngine().Prepare(sql);
         for (std::size_t row = 0; row < rows; ++row) {
+            const RowChange change(*connection, table);
             const StatementUse use(*insert);
             bind(*insert, row);
             insert->Step();

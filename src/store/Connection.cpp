@@ -87,10 +87,25 @@ void Connection::CheckPlannerFigures() {
 }
 
 void Connection::SchemaChanged() {
+    ++other_changes_;
     statements_.Clear();
     own_statements_.Clear();
     catalogue_.Forget();
     for (auto& attachment : attachments_) attachment.Tables->Forget();
+}
+
+void Connection::TableChanged(std::string_view table) {
+    if (!IsScratchTable(table)) ++other_changes_;
+    const auto known = catalogue_.Known();
+    if (!catalogue_.TableChanged(table)) return SchemaChanged();
+    // Every translated statement writes the names of its tables as the schema has them.
+    const auto name = Quoted(table);
+    statements_.EraseIf([&name](std::string_view, const Prepared& prepared) {
+        return prepared.Translated.Sql.find(name) != std::string::npos;
+    });
+    own_statements_.EraseIf(
+        [&name](std::string_view sql, const auto&) { return sql.find(name) != std::string_view::npos; });
+    if (planner_version_ == known && !HasPlannerFigures(table)) planner_version_ = catalogue_.Known();
 }
 
 bool Connection::RefreshSchema() {
@@ -107,7 +122,23 @@ EngineStatement& Connection::OwnStatement(const std::string& sql) {
     return *own_statements_.Add(sql, engine_->Prepare(sql));
 }
 
-void Connection::DurableFor(std::string_view table) { engine_->Durable(!IsScratchTable(table)); }
+Connection::Stamp Connection::LastingStamp() {
+    return {engine_->TotalChanges() - scratch_changes_, other_changes_, engine_->ForeignChanges()};
+}
+
+RowChange::RowChange(Connection& connection, bool scratch)
+    : connection_(connection), scratch_(scratch), before_(connection.engine_->TotalChanges()) {}
+
+RowChange::RowChange(Connection& connection, std::string_view table)
+    : RowChange(connection, IsScratchTable(table)) {
+    connection.engine_->Durable(!scratch_);
+}
+
+RowChange::~RowChange() {
+    if (!scratch_) return;
+    const auto& engine = *connection_.engine_;
+    connection_.scratch_changes_ += std::min(engine.TotalChanges() - before_, engine.Changes());
+}
 
 // ---- statements --------------------------------------------------------------------------------
 
@@ -218,6 +249,7 @@ std::int64_t Connection::ExecuteOnce(Prepared& prepared) {
         engine_->DurableIn(ExternalSchema(*translated.ExternalPath), durable);
     else
         engine_->Durable(durable);
+    const RowChange change(*this, !durable);
     const StatementUse use(*prepared.Statement);
     Bind(prepared);
     while (prepared.Statement->Step()) {

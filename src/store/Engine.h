@@ -58,6 +58,10 @@ public:
     virtual void Run(const std::string& sql) = 0;
     /// Rows changed by the last statement, triggers and cascades not counted.
     virtual std::int64_t Changes() const = 0;
+    /// Rows changed since the file was opened, triggers and cascades counted.
+    virtual std::int64_t TotalChanges() const = 0;
+    /// A number that is another one once another connection changed the file.
+    virtual std::int64_t ForeignChanges() = 0;
     /// Row identity of the last insert.
     virtual std::int64_t LastRowId() const = 0;
     /// What the next changes must survive: a power failure (true) or a crash of the program (false).

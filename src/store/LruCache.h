@@ -45,6 +45,16 @@ public:
     /// An entry that is not kept: it stays where it is until the next `Pass` or `Clear`.
     Entry& Pass(Entry entry) { return passing_.emplace(std::move(entry)); }
 
+    /// Drops the entries for which `drop(key, entry)` holds, and the one that is not kept.
+    template <class Drop>
+    void EraseIf(Drop drop) {
+        passing_.reset();
+        for (auto at = entries_.begin(); at != entries_.end();) {
+            const auto here = at++;
+            if (drop(std::string_view(here->first), here->second)) Erase(here);
+        }
+    }
+
     void Clear() {
         passing_.reset();
         places_.clear();
@@ -56,12 +66,13 @@ public:
 private:
     using List = std::list<std::pair<const std::string, Entry>>;
 
-    void DropOldest() {
-        const auto oldest = std::prev(entries_.end());
-        auto [at, end] = places_.equal_range(oldest->first);
-        while (at != end && at->second != oldest) ++at;
+    void DropOldest() { Erase(std::prev(entries_.end())); }
+
+    void Erase(typename List::iterator entry) {
+        auto [at, end] = places_.equal_range(entry->first);
+        while (at != end && at->second != entry) ++at;
         places_.erase(at);
-        entries_.erase(oldest);
+        entries_.erase(entry);
     }
 
     std::size_t limit_;

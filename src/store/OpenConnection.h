@@ -1,5 +1,6 @@
 #pragma once
 
+#include <any>
 #include <cstdint>
 #include <list>
 #include <memory>
@@ -62,18 +63,38 @@ public:
     /// A statement in the engine's own language, kept ready as those of `Execute` are.
     EngineStatement& OwnStatement(const std::string& sql);
 
-    /// Makes the coming changes of `table` as durable as its rows need.
-    void DurableFor(std::string_view table);
-
     /// Forgets tables and statements; to be called when the schema was changed.
     void SchemaChanged();
+    /// Forgets what concerns one table, under its name as the schema has it; to be called after this
+    /// connection created, altered or dropped it.
+    void TableChanged(std::string_view table);
     /// Forgets them where another program changed the schema since they were read; tells whether it did.
     bool RefreshSchema();
     void CheckPlannerFigures();
 
     dialect::External Attach(const std::string& path) override;
 
+    /// As long as it stays the same, no row of a table that is not scratch has changed, nor has such a table,
+    /// neither by this connection nor by another one. Scratch rows of other connections may change it, too.
+    struct Stamp {
+        std::int64_t Rows = 0;   ///< changed by this connection, those of scratch tables not counted
+        std::int64_t Other = 0;  ///< changes of the schema, and savepoints that were undone
+        std::int64_t Foreign = 0;
+        friend bool operator==(const Stamp&, const Stamp&) = default;
+    };
+    Stamp LastingStamp();
+    /// To be called when changes were undone.
+    void Undone() noexcept { ++other_changes_; }
+    /// What `KeptRows` keeps.
+    struct Keepsake {
+        std::string Source;
+        Stamp Since;
+        std::any Rows;
+    };
+    std::optional<Keepsake>& Kept() noexcept { return kept_; }
+
 private:
+    friend class RowChange;
     struct Prepared {
         dialect::Translation Translated;
         std::unique_ptr<EngineStatement> Statement;
@@ -105,7 +126,10 @@ private:
     SchemaCatalogue catalogue_;
     std::list<Attachment> attachments_;            ///< most recently used first
     std::optional<std::int64_t> planner_version_;  ///< of the schema when the planner's figures were right
-    std::int64_t attached_count_ = 0;              ///< ever, for names that do not come again
+    std::int64_t scratch_changes_ = 0;             ///< rows of scratch tables that this connection changed
+    std::int64_t other_changes_ = 0;
+    std::optional<Keepsake> kept_;
+    std::int64_t attached_count_ = 0;  ///< ever, for names that do not come again
     LruCache<Prepared> statements_{StatementLimit};
     LruCache<std::unique_ptr<EngineStatement>> own_statements_{StatementLimit};
     dialect::Shape shape_;  ///< of the statement being run; its buffers are reused
@@ -117,6 +141,26 @@ bool IsScratchTable(std::string_view table);
 /// The failure of an operation on the store with operation, cause and statement in words.
 Error FailureIn(std::string_view operation, const Error& cause, std::string_view statement,
                 std::string_view translated = {});
+
+/// A change of rows of a table, from before its statement to behind it: as durable as the rows need, and
+/// known as one of scratch rows where it is. Rows that triggers and cascades change besides are taken for
+/// lasting ones.
+class RowChange {
+public:
+    RowChange(Connection& connection, std::string_view table);
+    ~RowChange();
+    RowChange(const RowChange&) = delete;
+    RowChange& operator=(const RowChange&) = delete;
+
+private:
+    friend class Connection;
+    /// Of a table whose file was made durable before.
+    RowChange(Connection& connection, bool scratch);
+
+    Connection& connection_;
+    bool scratch_;
+    std::int64_t before_;
+};
 
 /// Resets a statement when its use ends, however it ends.
 class StatementUse {

@@ -9,6 +9,7 @@
 
 #include "FX_Algen/Error.h"
 #include "store/Engine.h"
+#include "store/dialect/Catalogue.h"
 
 namespace FX_Algen::store {
 namespace {
@@ -142,6 +143,12 @@ private:
 };
 
 }  // namespace
+
+bool HasPlannerFigures(std::string_view table) {
+    const auto name = dialect::Fold(table);
+    return std::any_of(Rows.begin(), Rows.end(),
+                       [&name](const Row& row) { return dialect::Fold(row.Table) == name; });
+}
 
 std::vector<PlannerFigure> PlannerFiguresFor(Engine& engine) { return Wanted(TableNames(engine)); }
 

@@ -27,6 +27,9 @@ struct PlannerFigure {
 /// none of the tables concerned get none.
 std::vector<PlannerFigure> PlannerFiguresFor(Engine& engine);
 
+/// Whether figures of the table are among them, without regard to case.
+bool HasPlannerFigures(std::string_view table);
+
 /// Puts the figures back where they differ, as they do after an index was dropped or a tool analysed the
 /// tables, and makes every connection on the file read them. True where something was put back. A file that
 /// cannot be written stays as it is.

@@ -75,6 +75,7 @@ void UpdateSource(RecordsetState& state, std::size_t source, const std::vector<s
     }
     sql += Condition(state, keys);
 
+    const RowChange change(*state.Store, shape.Sources[source].Table);
     auto& statement = state.Store->OwnStatement(sql);
     const StatementUse use(statement);
     std::size_t index = 0;
@@ -150,7 +151,6 @@ void WriteEditedRow(RecordsetState& state) {
     if (changes.empty()) return;
 
     if (changes.size() == 1) {
-        state.Store->DurableFor(state.Shape->Sources[changes.front().first].Table);
         UpdateSource(state, changes.front().first, changes.front().second);
     } else {
         Savepoint together(state.Store);
@@ -178,8 +178,8 @@ void WriteNewRow(RecordsetState& state) {
                      (fields.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + places + ")");
 
     const bool was_at_end = state.Position == static_cast<std::ptrdiff_t>(state.Rows.Count);
-    state.Store->DurableFor(table);
     {
+        const RowChange change(*state.Store, table);
         auto& statement = state.Store->OwnStatement(sql);
         const StatementUse use(statement);
         std::size_t index = 0;
@@ -195,7 +195,7 @@ void WriteNewRow(RecordsetState& state) {
 void DeleteRow(RecordsetState& state) {
     const auto& table = state.Shape->Sources.front().Table;
     const auto keys = KeyFields(state, 0);
-    state.Store->DurableFor(table);
+    const RowChange change(*state.Store, table);
     auto& statement = state.Store->OwnStatement("DELETE FROM " + Quoted(table) + Condition(state, keys));
     const StatementUse use(statement);
     RunOnCurrentRow(state, statement, 0, 0, keys);

@@ -16,6 +16,7 @@ Savepoint::Savepoint(std::shared_ptr<Connection> connection, bool durable)
 
 Savepoint::~Savepoint() {
     if (!open_) return;
+    connection_->Undone();
     try {
         connection_->TheEngine().Run("ROLLBACK TO " + name_ + "; RELEASE " + name_);
         connection_->RefreshSchema();

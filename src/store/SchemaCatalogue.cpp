@@ -21,6 +21,12 @@ std::string TypeName(std::string_view declared) {
     return Upper(declared.substr(0, declared.find_first_of(" (")));
 }
 
+/// Tables and views of a schema, to be narrowed further.
+std::string SelectNames(const std::string& schema) {
+    return "SELECT name, type='view', coalesce(sql,''), rowid FROM " + Quoted(schema) +
+           ".sqlite_schema WHERE type IN ('table','view')";
+}
+
 }  // namespace
 
 Kind KindOfType(std::string_view declared) {
@@ -65,22 +71,41 @@ bool SchemaCatalogue::Refresh() {
     return stale;
 }
 
-void SchemaCatalogue::ReadNames() const {
-    if (version_) return;
-    const auto version = Version();
-    const auto rows = engine_.Prepare(
-        "SELECT name, type='view', coalesce(sql,''), rowid FROM " + Quoted(schema_) +
-        ".sqlite_schema WHERE type IN ('table','view') AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\'");
-    while (rows->Step()) {
+void SchemaCatalogue::AddEntries(EngineStatement& rows) const {
+    while (rows.Step()) {
         Entry entry;
-        entry.Name = rows->Text(0);
-        entry.IsView = rows->Integer(1) != 0;
-        entry.HasCounter = Upper(rows->Text(2)).find("AUTOINCREMENT") != std::string::npos;
-        entry.Position = rows->Integer(3);
+        entry.Name = rows.Text(0);
+        entry.IsView = rows.Integer(1) != 0;
+        entry.HasCounter = Upper(rows.Text(2)).find("AUTOINCREMENT") != std::string::npos;
+        entry.Position = rows.Integer(3);
+        if (entry.IsView) entry.FoldedSql = dialect::Fold(rows.Text(2));
         auto key = dialect::Fold(entry.Name);
         entries_.insert_or_assign(std::move(key), std::move(entry));
     }
+}
+
+void SchemaCatalogue::ReadNames() const {
+    if (version_) return;
+    const auto version = Version();
+    const auto rows = engine_.Prepare(SelectNames(schema_) + " AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\'");
+    AddEntries(*rows);
     version_ = version;
+}
+
+bool SchemaCatalogue::TableChanged(std::string_view table) {
+    // Each change raises the version by one; more than that was another hand's.
+    if (!version_ || Version() != *version_ + 1) return false;
+    const auto folded = dialect::Fold(table);
+    const bool viewed = std::any_of(entries_.begin(), entries_.end(), [&folded](const auto& one) {
+        return one.second.IsView && one.second.FoldedSql.find(folded) != std::string::npos;
+    });
+    if (viewed) return false;
+    entries_.erase(folded);
+    const auto rows = engine_.Prepare(SelectNames(schema_) + " AND name=?1");
+    rows->Bind(0, Value(table));
+    AddEntries(*rows);
+    ++*version_;
+    return true;
 }
 
 const dialect::TableInfo* SchemaCatalogue::FindTable(std::string_view name) const {

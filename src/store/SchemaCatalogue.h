@@ -30,6 +30,12 @@ public:
     /// Forgets what was read where that is so; tells whether it was.
     bool Refresh();
     void Forget();
+    /// The version that was read; none while nothing was.
+    const std::optional<std::int64_t>& Known() const noexcept { return version_; }
+    /// To be called after this connection created, altered or dropped one table, under its name as the schema
+    /// has it. Reads that table anew and keeps the others; false, with nothing done, where more than that one
+    /// change happened since the schema was read, or a view names the table.
+    bool TableChanged(std::string_view table);
 
 private:
     struct Entry {
@@ -37,10 +43,12 @@ private:
         bool IsView = false;
         bool HasCounter = false;
         std::int64_t Position = 0;
+        std::string FoldedSql;  ///< of a view
         std::optional<dialect::TableInfo> Info;
     };
 
     void ReadNames() const;
+    void AddEntries(EngineStatement& rows) const;
     dialect::TableInfo ReadTable(const Entry& entry) const;
     dialect::TableInfo ReadView(const Entry& entry) const;
 

@@ -79,16 +79,16 @@ std::string Declaration(const FieldDef& field) {
     return out;
 }
 
-/// Runs a change of the schema; what was known of it is forgotten then.
+/// Runs a change of the schema; what was known of the table is forgotten then.
 void Change(Connection& connection, std::string_view operation, std::string_view table,
             const std::string& sql) {
     try {
-        connection.DurableFor(table);
+        connection.TheEngine().Durable(!IsScratchTable(table));
         connection.TheEngine().Run(sql);
     } catch (const Error& error) {
         throw FailureIn(operation, error, {}, sql);
     }
-    connection.SchemaChanged();
+    connection.TableChanged(table);
 }
 
 FieldType TypeOf(std::string_view declared) {
@@ -136,7 +136,8 @@ bool SameName(std::string_view a, std::string_view b) { return dialect::Fold(a) 
 }  // namespace
 
 void TableDef::Append(const FieldDef& field) {
-    const auto is_field = [&field](const FieldDef& one) { return SameName(one.Name, field.Name); };
+    const auto folded = dialect::Fold(field.Name);
+    const auto is_field = [&folded](const FieldDef& one) { return dialect::Fold(one.Name) == folded; };
     if (std::any_of(fields_.begin(), fields_.end(), is_field))
         throw Error(ErrorNumber::DuplicateKey,
                     "Append: the table '" + name_ + "' has a field '" + field.Name + "' already.");
@@ -166,12 +167,16 @@ TableDef& TableDefs::WithFields(TableDef& table) {
     return table;
 }
 
-TableDef& TableDefs::operator[](std::size_t index) {
+TableDef& TableDefs::At(std::size_t index) {
     if (index >= tables_.size())
         throw Error(ErrorNumber::IndexOutOfRange, "TableDefs: there is no table " + std::to_string(index) +
                                                       " of " + std::to_string(tables_.size()) + ".");
-    return WithFields(tables_[index]);
+    return tables_[index];
 }
+
+TableDef& TableDefs::operator[](std::size_t index) { return WithFields(At(index)); }
+
+const std::string& TableDefs::Name(std::size_t index) { return At(index).Name(); }
 
 TableDef& TableDefs::operator[](std::string_view name) {
     const auto at = std::find_if(tables_.begin(), tables_.end(),

@@ -33,6 +33,23 @@ TEST(LruCache, APassingEntryIsNotKept) {
     EXPECT_NE(cache.Find("a"), nullptr);
 }
 
+TEST(LruCache, EntriesAreDroppedByWhatTheyAre) {
+    LruCache<int> cache(4);
+    cache.Add("a", 1);
+    cache.Add("a", 2);
+    cache.Add("ä", 3);
+    cache.Pass(5);
+    cache.EraseIf([](std::string_view key, int entry) { return key == "ä" || entry == 1; });
+    EXPECT_EQ(cache.Size(), 1U);
+    EXPECT_EQ(cache.Find("ä"), nullptr);
+    ASSERT_NE(cache.Find("a"), nullptr);
+    EXPECT_EQ(*cache.Find("a"), 2);
+    cache.EraseIf([](std::string_view, int) { return true; });
+    EXPECT_EQ(cache.Size(), 0U);
+    cache.Add("a", 7);
+    EXPECT_EQ(*cache.Find("a"), 7);
+}
+
 TEST(LruCache, EntriesUnderOneKeyAreToldApartAndCountEach) {
     LruCache<int> cache(2);
     cache.Add("a", 1);

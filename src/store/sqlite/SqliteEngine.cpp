@@ -44,6 +44,14 @@ public:
     }
 
     std::int64_t Changes() const override { return sqlite3_changes64(db_.get()); }
+    std::int64_t TotalChanges() const override { return sqlite3_total_changes64(db_.get()); }
+    std::int64_t ForeignChanges() override {
+        if (!foreign_changes_) foreign_changes_ = Prepare("PRAGMA data_version");
+        foreign_changes_->Step();
+        const auto version = foreign_changes_->Integer(0);
+        foreign_changes_->Reset();
+        return version;
+    }
     std::int64_t LastRowId() const override { return sqlite3_last_insert_rowid(db_.get()); }
 
     void Durable(bool powerFailure) override { DurableIn("main", powerFailure); }
@@ -70,6 +78,7 @@ public:
 private:
     DatabaseHandle db_;
     std::map<std::string, bool, std::less<>> durable_;
+    std::unique_ptr<EngineStatement> foreign_changes_;
 };
 
 bool IsWritable(const std::filesystem::path& path) {
