@@ -12,6 +12,7 @@
 #include "calc/Abfragen.h"
 #include "calc/Lesen.h"
 #include "calc/Schritte.h"
+#include "store/KeptRows.h"
 #include "store/ThreadValues.h"
 #include "wrrl/ArtenlisteAbfragen.h"
 #include "wrrl/ArtenlisteSpalte.h"
@@ -86,13 +87,25 @@ std::vector<Teilraum> LiesTeilraeume(const Listenauftrag& auftrag) {
     return alle;
 }
 
-std::vector<Taxon> LiesTaxa(const Listenauftrag& auftrag) {
+std::vector<Taxon> LiesTaxa(store::Database& database, const std::string& abfrage) {
     enum Felder : std::size_t { ID_Art, CF, RF_Kieselalge };
-    return LiesAlle(*auftrag.Datenbank, abfragen::Taxa(auftrag), [](const store::Recordset& zeile) {
+    return LiesAlle(database, abfrage, [](const store::Recordset& zeile) {
         // A flag takes any number other than 0 for true; a group without a position is no diatom.
         const auto& folge = zeile[RF_Kieselalge];
         return Taxon{zeile[ID_Art].I4(), zeile[CF].Bool(), !folge.IsNull() && folge.Bool()};
     });
+}
+
+/// Taxa of the scope. They are asked for again with each of its sub-habitats and cost a walk over all of its
+/// findings, so they are kept while nothing changes. The condition of a selection may look at anything,
+/// results included, and is asked each time.
+Liste LeereListe(const Listenauftrag& auftrag, std::size_t spalten) {
+    auto& db = *auftrag.Datenbank;
+    const auto abfrage = abfragen::Taxa(auftrag);
+    if (auftrag.AktUebersicht == "Rechenmanager") return {LiesTaxa(db, abfrage), spalten};
+    const auto taxa = store::KeptRows<std::vector<Taxon>>(*db.SharedConnection(), abfrage,
+                                                          [&] { return LiesTaxa(db, abfrage); });
+    return {*taxa, spalten};
 }
 
 std::vector<Fund> LiesFunde(store::Database& database, std::int32_t ID_TR) {
@@ -287,7 +300,7 @@ bool Aufbauen(const Listenauftrag& auftrag, const Fortschrittsanzeige& anzeige, 
     if (!tabelle.Erstellen(schluessel)) return false;
     if (schluessel.empty()) return false;
 
-    Liste liste(LiesTaxa(auftrag), schluessel.size());
+    auto liste = LeereListe(auftrag, schluessel.size());
     const bool fertig = Fuellen(auftrag, *teilraeume, liste, anzeige, spur);
     Listentabelle::Schreiben(auftrag.Datenbank, liste, schluessel);
     return fertig;

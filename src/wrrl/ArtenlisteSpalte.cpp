@@ -2,6 +2,10 @@
 // formulas are written; only the total cover came from a 32-bit one.
 #include "wrrl/ArtenlisteSpalte.h"
 
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
 namespace FX_Algen::artenliste {
 namespace {
 
@@ -44,6 +48,8 @@ void AndereAlge(const Spaltendaten& daten, const Fund& fund, Schritt& schritt) {
     Bestandsanteile(daten, fund, schritt);
 }
 
+std::pair<std::int32_t, bool> Schluessel(const Listenzeile& zeile) { return {zeile.ID_Art, zeile.CF}; }
+
 }  // namespace
 
 Schritt Fundschritt(const Spaltendaten& daten, const Fund& fund, bool IstKA, double zelle) {
@@ -58,18 +64,23 @@ Schritt Fundschritt(const Spaltendaten& daten, const Fund& fund, bool IstKA, dou
 }
 
 Liste::Liste(const std::vector<Taxon>& taxa, std::size_t spalten)
-    : spalten_(spalten), zellen_(taxa.size() * spalten, 0.0) {
+    : spalten_(spalten), zellen_(taxa.size() * spalten, 0.0), folge_(taxa.size()) {
     zeilen_.reserve(taxa.size());
-    for (const auto& taxon : taxa) {
-        orte_.emplace(std::pair(taxon.ID_Art, taxon.CF), zeilen_.size());
-        zeilen_.push_back({taxon.ID_Art, taxon.CF, taxon.IstKA, false});
-    }
+    for (const auto& taxon : taxa) zeilen_.push_back({taxon.ID_Art, taxon.CF, taxon.IstKA, false});
+    std::iota(folge_.begin(), folge_.end(), std::size_t{0});
+    std::stable_sort(folge_.begin(), folge_.end(), [this](std::size_t a, std::size_t b) {
+        return Schluessel(zeilen_[a]) < Schluessel(zeilen_[b]);
+    });
 }
 
 std::optional<std::size_t> Liste::Suchen(std::int32_t ID_Art, bool CF) const {
-    const auto ort = orte_.find({ID_Art, CF});
-    if (ort == orte_.end()) return std::nullopt;
-    return ort->second;
+    const auto gesucht = std::pair(ID_Art, CF);
+    const auto ort = std::lower_bound(folge_.begin(), folge_.end(), gesucht,
+                                      [this](std::size_t zeile, const std::pair<std::int32_t, bool>& key) {
+                                          return Schluessel(zeilen_[zeile]) < key;
+                                      });
+    if (ort == folge_.end() || Schluessel(zeilen_[*ort]) != gesucht) return std::nullopt;
+    return *ort;
 }
 
 bool SpalteFuellen(Liste& liste, std::size_t spalte, const Spaltendaten& daten, Beobachter& beobachter) {

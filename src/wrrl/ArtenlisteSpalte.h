@@ -2,9 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <map>
 #include <optional>
-#include <utility>
 #include <vector>
 
 #include "FX_Algen/AssessmentTrace.h"
@@ -93,7 +91,7 @@ private:
     std::size_t spalten_;
     std::vector<Listenzeile> zeilen_;
     std::vector<double> zellen_;
-    std::map<std::pair<std::int32_t, bool>, std::size_t> orte_;
+    std::vector<std::size_t> folge_;  ///< positions of the rows by taxon and `CF`
 };
 
 /// Looks on while a column is filled.
