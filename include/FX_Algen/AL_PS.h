@@ -18,7 +18,10 @@ namespace FX_Algen {
 ///
 /// Order of calls: always `CurrentDB`, then `SprachID`. For the calculation set `IstWRRLBerechnung`,
 /// `ValenzGewicht` and `DebugModus`, call `Berechnung_Init` once, then for each sub-habitat set
-/// `TeilraumID` and call `Berechnung_Execute`. Calls on one thread must not overlap.
+/// `TeilraumID` and call `Berechnung_Execute`. For the assessment set `AktUebersicht` and `ProjektID`
+/// besides, call `Berechnung_WRRLInit` once, then for each sub-habitat set `TeilraumID`, `BioregionID`,
+/// `Hoehenstufe`, `RefBioregion` and call `Berechnung_WRRL` with `KAOnly` false and, where wanted, again with
+/// `KAOnly` true. Calls on one thread must not overlap.
 class AL_PS {
 public:
     // ---- context and flags, set by the host -------------------------------------------------------------

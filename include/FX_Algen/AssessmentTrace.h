@@ -127,7 +127,8 @@ struct CountedTaxon {
     std::optional<std::int32_t> ID_GRGR;  ///< major group
     bool IsSpecies = false;               ///< `awaArt.IstArtniveau`
     std::int32_t TypA = 0;                ///< times it counts as reference species of type A
-    std::int32_t TypB = 0;                ///< and of type B, under the condition
+    /// And of type B, under the condition; 0 for a further row of the taxon with the same abundance.
+    std::int32_t TypB = 0;
 };
 
 /// A column of `awaErgWRRL` that the reference species module wrote.

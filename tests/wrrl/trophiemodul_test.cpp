@@ -80,6 +80,23 @@ TEST_F(Trophiemodul, FindsARaisedClassWhereTheTableReachesSoFar) {
     EXPECT_EQ(Wert("TI_OEZK3").I4(), 1);
 }
 
+TEST_F(Trophiemodul, FindsTheClassOfANegativeRatioWhereTheTableReachesSoFar) {
+    db.TIOEZK("Alle", "mäßig", -1, 0, 6);
+    Lauf(false, 0.0, 0.0, 4.5, 0.0);
+    Bewerten();
+    // -0.21 and -0.18
+    EXPECT_EQ(Wert("TI_OEZK").I4(), 6);
+    EXPECT_EQ(Wert("TI_OEZK3").I4(), 6);
+}
+
+TEST_F(Trophiemodul, ARatioBeyondAllReasonHasNoClass) {
+    // (4 - 4e20) / 2.4 = -1.67e20: a number with an exponent in the statement.
+    Lauf(false, 0.0, 0.0, 4e20, 0.0);
+    Bewerten();
+    EXPECT_NEAR(Wert("TI_EQR").R8() / -1.6666667e20, 1, 1e-6);
+    EXPECT_EQ(Wert("TI_OEZK").I4(), -1);
+}
+
 TEST_F(Trophiemodul, TakesTheIndexAndTheTablesOfTheGroup) {
     Lauf(false, 0.0, 0.0, 2.08, 2.2);
     Bewerten("KA");
