@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "wrrl/Nachschlag.h"
+
 namespace FX_Algen::wrrl {
 
 Schlechteste SchlechtesteKlasse(const Klassen& klassen) {
@@ -16,6 +18,8 @@ Schlechteste SchlechtesteKlasse(const Klassen& klassen) {
 }
 
 std::int16_t Abgemildert(std::int16_t klasse, std::int16_t angehoben) {
+    // No class was found at the raised ratio. Beside a class 0 its marker would pass for the next better one.
+    if (angehoben == KeineKlasse) return klasse;
     return angehoben + 1 == klasse ? angehoben : klasse;
 }
 

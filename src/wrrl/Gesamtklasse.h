@@ -21,7 +21,8 @@ struct Schlechteste {
 
 Schlechteste SchlechtesteKlasse(const Klassen& klassen);
 
-/// The class that a single worst module leaves: one better where its raised class is exactly that.
+/// The class that a single worst module leaves: one better where its raised class is exactly that. A raised
+/// class that was not found, -1, changes nothing.
 std::int16_t Abgemildert(std::int16_t klasse, std::int16_t angehoben);
 
 }  // namespace FX_Algen::wrrl

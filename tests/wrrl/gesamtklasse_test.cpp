@@ -33,6 +33,7 @@ TEST(Softening, TakesExactlyOneClass) {
     EXPECT_EQ(Abgemildert(4, 2), 4);   // two away
     EXPECT_EQ(Abgemildert(4, 5), 4);   // a worse one
     EXPECT_EQ(Abgemildert(4, -1), 4);  // none found
+    EXPECT_EQ(Abgemildert(0, -1), 0);  // none found, though -1 is one below 0
     EXPECT_EQ(Abgemildert(1, 0), 0);   // whatever numbers the classes have
 }
 
