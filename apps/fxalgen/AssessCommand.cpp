@@ -146,10 +146,11 @@ private:
 
     void WarnOfReferences(const Teilraum& teilraum, const AssessmentSite& site, Outcome& outcome) const {
         const std::vector<ReferenceLookup> missing = MissingReferences(database_, site);
-        if (!missing.empty()) ++outcome.Lacking;
-        for (const ReferenceLookup& lookup : missing) {
-            outcome.Warn(teilraum.Label() + ": no row in " + ReferenceText(lookup));
-        }
+        if (missing.empty()) return;
+        ++outcome.Lacking;
+        std::string text = teilraum.Label() + ": no row in";
+        for (const ReferenceLookup& lookup : missing) text += "\n    " + ReferenceText(lookup);
+        outcome.Warn(text);
     }
 
     // ---- pre-check -------------------------------------------------------------------------------------

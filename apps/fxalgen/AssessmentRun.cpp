@@ -83,14 +83,22 @@ std::vector<std::string> StationWarnings::Of(const Teilraum& teilraum, const Ass
     const std::string water =
         teilraum.Gewaessername.IsNull() ? "" : " (" + teilraum.Gewaessername.Text() + ")";
     const std::string station = "station '" + site.USBez + "'" + water;
-    const std::string field = " (UnvUStelle.RefBioregionen, ID_UUS " + store::NumberText(id) + ")";
+    const auto field = [&](const char* name) {
+        return " (UnvUStelle." + std::string(name) + ", ID_UUS " + store::NumberText(id) + ")";
+    };
     std::vector<std::string> warnings;
+    if (teilraum.ID_AL_Bioregion.IsNull()) {
+        warnings.push_back(station + " has no bioregion" + field("ID_AL_Bioregion"));
+    }
+    if (teilraum.Hoehenstufe.IsNull()) {
+        warnings.push_back(station + " has no altitude step" + field("ID_AL_Hoehenstufe"));
+    }
     if (site.RefBioregion.empty()) {
-        warnings.push_back(station + " lists no reference bioregion" + field +
+        warnings.push_back(station + " lists no reference bioregion" + field("RefBioregionen") +
                            ": all reference species of type B count");
     }
     for (const std::string& element : site.UnknownSteps) {
-        warnings.push_back(station + " lists '" + element + "'" + field +
+        warnings.push_back(station + " lists '" + element + "'" + field("RefBioregionen") +
                            ", and AL_Hoehenstufe has no such altitude step: no reference species of type B "
                            "may count by it");
     }

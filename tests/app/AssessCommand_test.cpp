@@ -109,17 +109,18 @@ TEST_F(Assess, ListsMissingReferenceRowsWithTableAndKey) {
     const cli::Outcome outcome = Call({"assess", path_, "--scope", "Teilraum:11"});
     EXPECT_EQ(outcome.Code, 0);
     EXPECT_THAT(outcome.Out, HasSubstr("Teilräume bewertet: 1\nMit fehlenden Referenzwerten: 1\n"));
-    const std::string where =
-        "fxalgen assess: warning: Teilraum 11 (Flüsse / Oberlauf / Brücke / 2026-05-12 / Strom): no row in ";
     // Expected values -1: EQR (4 - 1.5) / 5 = 0.5 from all algae, (4 - 1) / 5 = 0.6 from the diatoms.
-    EXPECT_EQ(outcome.Err, where + "awaWRRL_TGZK (ID_AL_Bioregion=5, Hoehenstufe=3)\n" +  //
-                               where + "awaWRRL_ETI (Taxagruppe=Alle, TGZK=-)\n" + where +
-                               "awaWRRL_TIOEZK (Taxagruppe=Alle, TGZK=-, EQR=0.5)\n" + where +
-                               "awaWRRL_TIOEZK (Taxagruppe=Alle, TGZK=-, EQR=0.53)\n" + where +
-                               "awaWRRL_Klasse (Klassenzahl=2)\n" + where +
-                               "awaWRRL_ETI (Taxagruppe=KA, TGZK=-)\n" + where +
-                               "awaWRRL_TIOEZK (Taxagruppe=KA, TGZK=-, EQR=0.6)\n" + where +
-                               "awaWRRL_TIOEZK (Taxagruppe=KA, TGZK=-, EQR=0.63)\n");
+    EXPECT_EQ(
+        outcome.Err,
+        "fxalgen assess: warning: Teilraum 11 (Flüsse / Oberlauf / Brücke / 2026-05-12 / Strom): no row in\n"
+        "    awaWRRL_TGZK (ID_AL_Bioregion=5, Hoehenstufe=3)\n"
+        "    awaWRRL_ETI (Taxagruppe=Alle, TGZK=-)\n"
+        "    awaWRRL_TIOEZK (Taxagruppe=Alle, TGZK=-, EQR=0.5)\n"
+        "    awaWRRL_TIOEZK (Taxagruppe=Alle, TGZK=-, EQR=0.53)\n"
+        "    awaWRRL_Klasse (Klassenzahl=2)\n"
+        "    awaWRRL_ETI (Taxagruppe=KA, TGZK=-)\n"
+        "    awaWRRL_TIOEZK (Taxagruppe=KA, TGZK=-, EQR=0.6)\n"
+        "    awaWRRL_TIOEZK (Taxagruppe=KA, TGZK=-, EQR=0.63)\n");
     // The module without class drops out; the others decide.
     EXPECT_THAT(Assessments(), ElementsAre("11 Alle 2", "11 KA 1 [KA]"));
 }
@@ -131,6 +132,24 @@ TEST_F(Assess, WarnsOnceOfAStationWithoutReferenceBioregions) {
     EXPECT_EQ(outcome.Err,
               "fxalgen assess: warning: station 'Brücke' (Kühlenach) lists no reference bioregion "
               "(UnvUStelle.RefBioregionen, ID_UUS 1): all reference species of type B count\n");
+}
+
+TEST_F(Assess, WarnsOfAStationWithoutSite) {
+    const cli::Outcome outcome = Call({"assess", path_, "--scope", "UStelle:2"});
+    EXPECT_EQ(outcome.Code, 0);
+    // Key 0 in the tables is what a site that was not entered asks for.
+    EXPECT_THAT(
+        outcome.Err,
+        testing::StartsWith(
+            "fxalgen assess: warning: station 'Wehr' has no bioregion (UnvUStelle.ID_AL_Bioregion, "
+            "ID_UUS 2)\n"
+            "fxalgen assess: warning: station 'Wehr' has no altitude step "
+            "(UnvUStelle.ID_AL_Hoehenstufe, ID_UUS 2)\n"
+            "fxalgen assess: warning: station 'Wehr' lists no reference bioregion "
+            "(UnvUStelle.RefBioregionen, ID_UUS 2): all reference species of type B count\n"
+            "fxalgen assess: warning: Teilraum 21 (Bäche / Quellen / Wehr / 2026-06-01 / Kies): no row in\n"
+            "    awaWRRL_TGZK (ID_AL_Bioregion=0, Hoehenstufe=0)\n"));
+    EXPECT_THAT(outcome.Err, Not(HasSubstr("=-0")));
 }
 
 TEST_F(Assess, WarnsOfReferenceBioregionsAtAStepThatDoesNotExist) {
