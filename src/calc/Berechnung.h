@@ -68,10 +68,17 @@ void Berechnung_AMI(const store::DatabasePtr& database, std::int32_t ID, calc::S
 /// Taxa of a sub-habitat, by `Modus`:
 ///
 ///   1 all taxa, 2 taxa with counted valves, 3 taxa with a saprobic value, 4 taxa with valves and a weight,
-///   5 to 10 counts from the frequency list (`Kriterium` narrows the reference taxa of 6 and 10),
-///   11 the sum of counted valves.
+///   5 taxa on species level, 6 reference species, 7 all taxa, 8 species but no diatoms, 9 diatom species,
+///   10 reference species among the diatoms, 11 the sum of counted valves.
 ///
-/// Taxa of mixed stands are in none of the counts 1 to 4. Any failure, and any other `Modus`, gives 0.
+/// 1 to 4 and 11 read the findings, and `IstWRRL` chooses their variant; taxa of mixed stands are in none of
+/// them. 5 to 10 read the frequency list: its rows with a share above 0 in the sub-habitat's own column, so
+/// that a taxon with and without `CF` counts twice. 5, 7, 8 and 9 count major groups up to 132, 6 and 10 any;
+/// these two are taxa of `awaRefArt_TypA` plus taxa of `awaRefArt_TypB`, each of the latter once, narrowed by
+/// `Kriterium`, a condition over `awaRefArt_TypB` (empty: none). Other modes do not read `Kriterium`.
+///
+/// Any failure gives 0 and an empty trace, any other `Modus` 0. The counts 5, 7, 8, 9 and 11 leave no taxa in
+/// the trace.
 double Taxazahl(const store::DatabasePtr& database, std::int32_t ID, std::int16_t Modus, bool IstWRRL,
                 std::string_view Kriterium = {}, calc::Taxazaehlung* spur = nullptr);
 

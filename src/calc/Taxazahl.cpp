@@ -1,5 +1,5 @@
 // Taxa statistics of a sub-habitat. The record counts rest on the exact shape of each query: what is grouped
-// counts taxa, what is not counts findings.
+// or DISTINCT counts taxa, any other query counts findings, or rows of the frequency list.
 #include "FX_Algen/Error.h"
 #include "calc/Abfragen.h"
 #include "calc/Berechnung.h"
@@ -14,7 +14,7 @@ namespace abfragen = calc::abfragen;
 
 constexpr std::string_view NachArt = "GROUP BY awaArtPrStelle.ID_ART;";
 constexpr std::string_view WaehleArt = "SELECT DISTINCTROW awaArtPrStelle.ID_ART ";
-// Every count in the assessment variant ends so; diatoms (128) stay in, unlike in the indices.
+// Diatoms (128) stay in, unlike among the macroalgae and mixed stands of the indices.
 constexpr std::string_view NurBewertbar =
     " And ((awaModulStandard.Lebensform) = 1) And ((awaFamilie.ID_GRGR) < 132)) ";
 
@@ -89,7 +89,8 @@ double AusHaeufigkeit(store::Database& database, std::int32_t ID, std::string_vi
     return anzahl;
 }
 
-/// Reference taxa of type A plus those of type B; a taxon of both counts twice.
+/// Reference taxa of type A plus those of type B; a taxon of both counts twice. The first query is not
+/// distinct: there a taxon with and without `CF` counts twice as well.
 double Referenzarten(store::Database& database, std::int32_t ID, std::string_view kriterium, bool nurSchalen,
                      Taxazaehlung* spur) {
     const auto typA = Satzzahl(
@@ -146,12 +147,13 @@ double Zaehlen(store::Database& database, std::int32_t ID, std::int16_t Modus, b
 
 }  // namespace
 
-// The one place of the calculation that takes a failure for an answer: a count that cannot be made, such as
-// one from a frequency list that was not built, is 0.
+// A count that cannot be made, such as one from a frequency list that was not built, is 0. What was counted
+// before the failure is no part of that answer.
 double Taxazahl(const store::DatabasePtr& database, std::int32_t ID, std::int16_t Modus, bool IstWRRL,
                 std::string_view Kriterium, Taxazaehlung* spur) try {
     return Zaehlen(calc::Vorhanden(database, "Taxazahl"), ID, Modus, IstWRRL, Kriterium, spur);
 } catch (const Error&) {
+    if (spur != nullptr) spur->ID_Arten.clear();
     return 0;
 }
 

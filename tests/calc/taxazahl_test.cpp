@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "FX_Algen/Error.h"
 #include "calc/Berechnung.h"
+#include "calc/Spur.h"
 #include "calc/Testdatenbank.h"
 
 namespace FX_Algen {
@@ -117,33 +120,113 @@ TEST_F(Taxastatistik, SwallowsFailuresInTaxazahlAlone) {
     EXPECT_TRUE(Fehlschlag([] { Taxazahl_TI(nullptr, TR, 1, false); }).has_value());
 }
 
-TEST_F(Taxastatistik, FromTheFrequencyListCountsTheColumnOfTheSubHabitat) {
-    // The run of the list adds a column for each sub-habitat.
+/// The list has a row for each taxon, with the column of sub-habitat 17:
+///
+///   taxon  group  level    diatom  percent  reference species
+///     1     130   species            25     type A; type B in the bioregions 3 and 4
+///     2     130   genus               5     type B in bioregion 4
+///     4     128   species   yes     100     type A
+///     5     130   species             0     type A; type B in bioregion 4
+///     6     132   species             1
+///     7     130   species             -     type A
+///     8     133   species            10     type A
+///     9     128   genus     yes       3     type B in bioregion 4
+class TaxazahlenDerListe : public Taxastatistik {
+protected:
+    void SetUp() override {
+        Taxastatistik::SetUp();
+        db.ArtOhneWerte(8, 133);
+        db.ArtOhneWerte(9, 128);
+        // The run of the list adds a column for each sub-habitat.
+        auto tabellen = db.Datenbank()->TableDefs();
+        tabellen["awaArtenlisteHaeufigkeit"].Append(
+            store::TableDef::CreateField("A17", store::FieldType::Double));
+        for (const char* zeile :
+             {"1, False, False, 25", "2, False, False, 5", "4, False, True, 100", "5, False, False, 0",
+              "6, False, False, 1", "7, False, False, Null", "8, False, False, 10", "9, False, True, 3"})
+            Eintrag(zeile);
+        db.Ausfuehren("UPDATE awaArt SET IstArtniveau=True WHERE ID_ART In (1, 4, 5, 6, 7, 8);");
+        for (const char* art : {"1", "4", "5", "7", "8"})
+            db.Ausfuehren("INSERT INTO awaRefArt_TypA (ID_Art) VALUES(" + std::string(art) + ");");
+        for (const char* zeile : {"1, 3, 1", "1, 4, 1", "1, 4, 2", "2, 4, 1", "5, 4, 1", "9, 4, 1"})
+            db.Ausfuehren("INSERT INTO awaRefArt_TypB (ID_Art, ID_AL_Bioregion, ID_AL_Hoehenstufe) VALUES(" +
+                          std::string(zeile) + ");");
+    }
+    void Eintrag(const std::string& werte) {
+        db.Ausfuehren("INSERT INTO awaArtenlisteHaeufigkeit (ID_Art, CF, IstKA, A17) VALUES(" + werte + ");");
+    }
+    double Zahl(std::int16_t modus, std::string_view kriterium = {}) {
+        const double klassisch = Taxazahl(db.Datenbank(), TR, modus, false, kriterium);
+        EXPECT_EQ(Taxazahl(db.Datenbank(), TR, modus, true, kriterium), klassisch)
+            << "mode " << modus << " has no variant of the assessment";
+        return klassisch;
+    }
+};
+
+TEST_F(TaxazahlenDerListe, CountRowsAboveZeroByMode) {
+    EXPECT_EQ(Zahl(5), 3);   // species of the groups up to 132: 1, 4, 6
+    EXPECT_EQ(Zahl(6), 6);   // type A: 1, 4, 8; type B: 1, 2, 9; taxon 1 counts in both
+    EXPECT_EQ(Zahl(7), 5);   // groups up to 132: 1, 2, 4, 6, 9
+    EXPECT_EQ(Zahl(8), 2);   // of the species without diatoms: 1, 6
+    EXPECT_EQ(Zahl(9), 1);   // diatom species: 4
+    EXPECT_EQ(Zahl(10), 2);  // of the diatoms type A: 4; type B: 9
+}
+
+TEST_F(TaxazahlenDerListe, TakeTheColumnOfTheirOwnSubHabitat) {
     auto tabellen = db.Datenbank()->TableDefs();
     tabellen["awaArtenlisteHaeufigkeit"].Append(
-        store::TableDef::CreateField("A17", store::FieldType::Double));
-    // taxon 1 and 2 with abundance, 4 a diatom with abundance, 5 without, 6 of group 132
-    db.Ausfuehren("INSERT INTO awaArtenlisteHaeufigkeit (ID_Art, CF, IstKA, A17) VALUES(1, 0, 0, 25);");
-    db.Ausfuehren("INSERT INTO awaArtenlisteHaeufigkeit (ID_Art, CF, IstKA, A17) VALUES(2, 0, 0, 5);");
-    db.Ausfuehren("INSERT INTO awaArtenlisteHaeufigkeit (ID_Art, CF, IstKA, A17) VALUES(4, 0, -1, 100);");
-    db.Ausfuehren("INSERT INTO awaArtenlisteHaeufigkeit (ID_Art, CF, IstKA, A17) VALUES(5, 0, 0, 0);");
-    db.Ausfuehren("INSERT INTO awaArtenlisteHaeufigkeit (ID_Art, CF, IstKA, A17) VALUES(6, 0, 0, 1);");
-    db.Ausfuehren("UPDATE awaArt SET IstArtniveau=True WHERE ID_ART In (1, 4, 6);");
-    db.Ausfuehren("INSERT INTO awaRefArt_TypA (ID_Art) VALUES(1);");
-    db.Ausfuehren("INSERT INTO awaRefArt_TypA (ID_Art) VALUES(4);");
-    db.Ausfuehren("INSERT INTO awaRefArt_TypB (ID_Art, ID_AL_Bioregion, ID_AL_Hoehenstufe) VALUES(1, 3, 1);");
-    db.Ausfuehren("INSERT INTO awaRefArt_TypB (ID_Art, ID_AL_Bioregion, ID_AL_Hoehenstufe) VALUES(1, 4, 1);");
-    db.Ausfuehren("INSERT INTO awaRefArt_TypB (ID_Art, ID_AL_Bioregion, ID_AL_Hoehenstufe) VALUES(2, 4, 1);");
+        store::TableDef::CreateField("A18", store::FieldType::Double));
+    db.Ausfuehren("UPDATE awaArtenlisteHaeufigkeit SET A18=50 WHERE ID_Art=5;");
+    // Taxon 5 is a species, of type A and type B, and no diatom.
+    const std::pair<std::int16_t, double> zahlen[] = {{5, 1}, {6, 2}, {7, 1}, {8, 1}, {9, 0}, {10, 0}};
+    for (const auto& [modus, zahl] : zahlen) {
+        EXPECT_EQ(Taxazahl(db.Datenbank(), 18, modus, true), zahl) << modus;
+        EXPECT_EQ(Taxazahl(db.Datenbank(), 19, modus, true), 0) << modus << ", no column";
+        EXPECT_EQ(Taxazahl(db.Datenbank(), -1, modus, true), 0) << modus << ", no name of a column";
+    }
+}
 
-    EXPECT_EQ(Zahl(5, false), 3);   // species level: 1, 4, 6
-    EXPECT_EQ(Zahl(7, false), 4);   // all above 0: 1, 2, 4, 6
-    EXPECT_EQ(Zahl(8, false), 2);   // species but no diatom: 1, 6
-    EXPECT_EQ(Zahl(9, false), 1);   // diatom species: 4
-    EXPECT_EQ(Zahl(6, false), 4);   // type A: 1, 4; type B: 1, 2; taxon 1 counts in both
-    EXPECT_EQ(Zahl(10, false), 1);  // of the diatoms: type A 4
-    EXPECT_EQ(Taxazahl(db.Datenbank(), TR, 6, false, "awaRefArt_TypB.ID_AL_Bioregion=3"),
-              3);                                          // A: 1, 4; B: 1
-    EXPECT_EQ(Taxazahl(db.Datenbank(), 18, 7, false), 0);  // no column for this sub-habitat
+TEST_F(TaxazahlenDerListe, CountATaxonWithAndWithoutCfOnceInTypeBAlone) {
+    Eintrag("1, True, False, 30");
+    Eintrag("4, True, True, 1");
+    Eintrag("9, True, True, 1");
+    EXPECT_EQ(Zahl(5), 5);   // 1, 4 twice
+    EXPECT_EQ(Zahl(6), 8);   // type A: 1, 4 twice, 8; type B: 1, 2, 9
+    EXPECT_EQ(Zahl(7), 8);   // 1, 4, 9 twice
+    EXPECT_EQ(Zahl(8), 3);   // 1 twice
+    EXPECT_EQ(Zahl(9), 2);   // 4 twice
+    EXPECT_EQ(Zahl(10), 3);  // type A: 4 twice; type B: 9
+}
+
+TEST_F(TaxazahlenDerListe, AreNarrowedByAConditionOnTypeBAlone) {
+    EXPECT_EQ(Zahl(6, "awaRefArt_TypB.ID_AL_Bioregion=3"), 4);   // A: 1, 4, 8; B: 1
+    EXPECT_EQ(Zahl(10, "awaRefArt_TypB.ID_AL_Bioregion=3"), 1);  // A: 4
+    EXPECT_EQ(Zahl(6, "awaRefArt_TypB.ID_AL_Bioregion=9"), 3);   // A: 1, 4, 8
+    // It stands in brackets: an OR takes in neither taxon 5, whose share is 0, nor what is no diatom.
+    const auto beide = "awaRefArt_TypB.ID_AL_Bioregion=3 OR awaRefArt_TypB.ID_AL_Bioregion=4";
+    EXPECT_EQ(Zahl(6, beide), 6);
+    EXPECT_EQ(Zahl(10, beide), 2);
+    // The others do not read it.
+    for (const std::int16_t modus : {5, 7, 8, 9})
+        EXPECT_EQ(Zahl(modus, "awaRefArt_TypB.Fluß=1"), Zahl(modus)) << modus;
+}
+
+TEST_F(TaxazahlenDerListe, AreZeroWithATraceOfNothingWhereTheyFail) {
+    for (const std::int16_t modus : {6, 10}) {
+        calc::Taxazaehlung spur;
+        EXPECT_EQ(Taxazahl(db.Datenbank(), TR, modus, true, "awaRefArt_TypB.Fluß=1", &spur), 0) << modus;
+        EXPECT_TRUE(spur.ID_Arten.empty()) << "type A was counted before type B failed";
+        EXPECT_EQ(Taxazahl(db.Datenbank(), TR, modus, true, "((("), 0) << modus;
+    }
+    db.Datenbank()->TableDefs().Delete("awaArtenlisteHaeufigkeit");
+    for (std::int16_t modus = 5; modus <= 10; ++modus) EXPECT_EQ(Zahl(modus), 0) << modus;
+}
+
+TEST_F(TaxazahlenDerListe, NameTheReferenceSpeciesInTheirTrace) {
+    calc::Taxazaehlung spur;
+    EXPECT_EQ(Taxazahl(db.Datenbank(), TR, 6, true, {}, &spur), 6);
+    std::sort(spur.ID_Arten.begin(), spur.ID_Arten.end());
+    EXPECT_EQ(spur.ID_Arten, (std::vector<std::int32_t>{1, 1, 2, 4, 8, 9}));
 }
 
 /// Every taxon is rated in full but 4. Taxa: 1 counts everywhere; 2 has another life form, 3 is of group 132,
