@@ -70,9 +70,9 @@ Verbund MitFundenSeston(const Verbund& pfad, std::string_view bedingungStelle) {
 std::string FromErgebnisse(Ebene ebene, const std::string& tabelle) {
     const auto bedingung = "Teilraum.ID_TR = " + tabelle + ".ID";
     if (ebene == Ebene::Abschnitt) {
-        // The word INNER is missing behind `Projekt`, and the store refuses the clause. It is kept so: hosts
-        // take that failed call for the answer that results of a selection of sections are not evaluated, and
-        // a clause that ran would put numbers where they expect none.
+        // The word INNER is missing behind `Projekt`, and the store refuses the clause. This text is wrong
+        // and part of the interface: it stays so, and no statement over results reads a selection of
+        // sections.
         return Verbund("Projekt")
             .OhneArt("Abschnitt", "Projekt.ID_PRJ = Abschnitt.ID_PRJ")
             .Mit("RechenProjektListe", "Abschnitt.ID_AB = RechenProjektListe.ID_Ebene")
@@ -123,7 +123,7 @@ std::string RechMan_FromFundeSeston(const store::DatabasePtr& database, std::int
     const auto ebene = EbeneDer(Vorhanden(database, "RechMan_FromFundeSeston"), ID_RechMan);
     if (!ebene) return {};
     // At the level of visits the condition names a table that the clause does not join, and the store refuses
-    // it. It is kept so: hosts take the failed call for the answer that there is no such list.
+    // it. This text is wrong as well and part of the interface: it stays so.
     const std::string_view bedingung = *ebene == Ebene::VerUStelle ? "sesTeilraum.ID_TR = sesPrStelle.ID_TR"
                                                                    : "Teilraum.ID_TR = sesPrStelle.ID_TR";
     return From(*ebene, [&](const Verbund& pfad) { return MitFundenSeston(pfad, bedingung); });
