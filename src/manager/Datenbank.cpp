@@ -8,8 +8,7 @@ namespace FX_Algen::manager {
 
 store::Database& Vorhanden(const store::DatabasePtr& database, std::string_view operation) {
     if (!database) {
-        throw Error(ErrorNumber::NotADatabase,
-                    std::string(operation) + ": the calculation manager was given no database");
+        throw Error(ErrorNumber::NotADatabase, std::string(operation) + ": there is no database");
     }
     return *database;
 }

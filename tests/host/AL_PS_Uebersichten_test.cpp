@@ -11,14 +11,17 @@
 namespace FX_Algen {
 namespace {
 
-std::int32_t NumberOf(const std::function<void()>& call) {
+/// Number and description of a failure; 0 and nothing where the call does not fail.
+std::pair<std::int32_t, std::string> FailureOf(const std::function<void()>& call) {
     try {
         call();
     } catch (const Error& error) {
-        return error.Number();
+        return {error.Number(), error.Description()};
     }
-    return 0;
+    return {0, {}};
 }
+
+std::int32_t NumberOf(const std::function<void()>& call) { return FailureOf(call).first; }
 
 /// Project 1 with section 1, station 111 and visit 11 with the sub-habitats 1 (taxa 901, 902) and 2 (taxon
 /// 903), and station 112 with visit 12 and sub-habitat 3 (taxon 901). Seston taxa 801 and 802 in
@@ -117,6 +120,26 @@ TEST_F(AL_PS_Uebersichten, ResultsAreOpenedByModeAndCurrentPlace) {
     ps.Get_WRRLErgRecordset();
     ASSERT_EQ(ps.WRRLErgRecordset()->RecordCount(), 1);
     EXPECT_EQ((*ps.WRRLErgRecordset())["TRBez"].Text(), "Äste");
+}
+
+TEST_F(AL_PS_Uebersichten, FailuresNameTheOperationThatWasCalled) {
+    const std::pair<std::string, std::function<void()>> operations[] = {
+        {"GesamttaxazahlTLR", [&] { ps.GesamttaxazahlTLR("1,,2"); }},
+        {"Gesamttaxazahl", [&] { ps.Gesamttaxazahl(); }},
+        {"GesamttaxazahlSeston", [&] { ps.GesamttaxazahlSeston(); }},
+        {"GetBioregion_Kurzzeichen", [&] { ps.GetBioregion_Kurzzeichen("d'Oc"); }},
+        {"Get_WRRLErgRecordset", [&] { ps.Get_WRRLErgRecordset(); }},
+    };
+    ps.AktUebersicht("Übersicht");
+    ps.WRRLErgAuswahlAnzeige(4);
+    for (const auto number : {ErrorNumber::SyntaxError, ErrorNumber::NotADatabase}) {
+        if (number == ErrorNumber::NotADatabase) ps.CurrentDB(nullptr);
+        for (const auto& [name, call] : operations) {
+            const auto [failure, description] = FailureOf(call);
+            EXPECT_EQ(failure, number) << name;
+            EXPECT_TRUE(description.starts_with(name + ": ")) << description;
+        }
+    }
 }
 
 TEST_F(AL_PS_Uebersichten, UnknownModeLeavesTheFormerResults) {

@@ -177,6 +177,37 @@ TEST_F(Gesamttaxazahlen, OverflowAbove16Bits) {
     for (const auto zaehlung : zaehlungen) EXPECT_EQ(zaehlung(db.Handle), 32767);
 }
 
+/// The statement of a call that fails; empty where it does not.
+template <class Aufruf>
+std::string Anweisung(Aufruf aufruf) {
+    try {
+        aufruf();
+    } catch (const Error& error) {
+        return error.Statement();
+    }
+    return {};
+}
+
+TEST_F(Gesamttaxazahlen, FailuresTellTheStatementAsItWasPutTogether) {
+    EXPECT_EQ(Anweisung([&] { GesamttaxazahlTLR(db.Handle, "Brücke"); }),
+              "SELECT DISTINCTROW awaArtPrStelle.ID_ART FROM awaPrStelle INNER JOIN awaArtPrStelle ON "
+              "awaPrStelle.ID_PS = awaArtPrStelle.ID_PS WHERE awaPrStelle.ID_TR In (Brücke) GROUP BY "
+              "awaArtPrStelle.ID_ART;");
+    const std::pair<const char*, std::string> bereiche[] = {
+        {"Projekt", "Where Abschnitt.ID_PRJ = 7 AND Fluß=1 "},
+        {"UStelle", "Where VerUStelle.ID_UUS = 7 AND Fluß=1 "},
+    };
+    for (const auto& [bereich, bedingung] : bereiche) {
+        const auto algen = Anweisung([&, b = bereich] { Gesamttaxazahl(db.Handle, b, 7, "AND Fluß=1"); });
+        EXPECT_TRUE(algen.starts_with("SELECT DISTINCTROW awaArtPrStelle.ID_ART FROM (")) << algen;
+        EXPECT_TRUE(algen.ends_with(bedingung + "GROUP BY awaArtPrStelle.ID_ART;")) << algen;
+        const auto seston =
+            Anweisung([&, b = bereich] { GesamttaxazahlSeston(db.Handle, b, 7, "AND Fluß=1"); });
+        EXPECT_TRUE(seston.starts_with("SELECT DISTINCTROW sesArtPrStelle.ID_ART FROM (")) << seston;
+        EXPECT_TRUE(seston.ends_with(bedingung + "GROUP BY sesArtPrStelle.ID_ART;")) << seston;
+    }
+}
+
 TEST_F(Gesamttaxazahlen, LeaveFailuresOfTheStoreToTheCaller) {
     EXPECT_EQ(Fehlernummer([] { GesamttaxazahlTLR(nullptr, "1"); }), ErrorNumber::NotADatabase);
     for (const char* bereich : {"Projekt", "Rechenmanager", ""}) {

@@ -10,8 +10,8 @@
 namespace FX_Algen {
 namespace {
 
-/// Section 2 "Quelle" (position 1) with station 2 and visit 20: sub-habitat 3, its site not marked.
-/// Section 1 "Mündung" (position 2) with station 1 and visit 10:
+/// Section 2 "Quelle" (position 1) with station 6 and visit 20: sub-habitat 3, its site not marked.
+/// Section 1 "Mündung" (position 2) with station 5 and visit 10:
 ///   sub-habitat 2 (position 1, not marked) with the marked site 2;
 ///   sub-habitat 1 (position 2) with the marked site 1 and site 11, which is not, and with both results;
 ///   sub-habitat 4 with a result and no site.
@@ -29,11 +29,11 @@ protected:
                  "'Äschenregion')",
                  "INSERT INTO UnvUStelle (ID_UUS, ID_AB, USBez, Gewaessername, RF, ID_AL_Bioregion, "
                  "ID_AL_Hoehenstufe, ID_AL_Flussabschnitt, RefBioregionen, WGEV_ID) "
-                 "VALUES (1, 1, 'Brücke', 'Große Ache', 5, 3, 7, 4, 'K1,X', 'Ö77')",
-                 "INSERT INTO UnvUStelle (ID_UUS, ID_AB, USBez) VALUES (2, 2, 'Öd')",
-                 "INSERT INTO obProjekt1a (ID_UUS, UBA_M632) VALUES (1, 'M632')",
-                 "INSERT INTO VerUStelle (ID_VUS, ID_UUS, USDatumVon) VALUES (10, 1, #5/12/2026#)",
-                 "INSERT INTO VerUStelle (ID_VUS, ID_UUS, USDatumVon) VALUES (20, 2, #5/13/2026#)",
+                 "VALUES (5, 1, 'Brücke', 'Große Ache', 9, 3, 7, 4, 'K1,X', 'Ö77')",
+                 "INSERT INTO UnvUStelle (ID_UUS, ID_AB, USBez) VALUES (6, 2, 'Öd')",
+                 "INSERT INTO obProjekt1a (ID_UUS, UBA_M632) VALUES (5, 'M632')",
+                 "INSERT INTO VerUStelle (ID_VUS, ID_UUS, USDatumVon) VALUES (10, 5, #5/12/2026#)",
+                 "INSERT INTO VerUStelle (ID_VUS, ID_UUS, USDatumVon) VALUES (20, 6, #5/13/2026#)",
                  "INSERT INTO Teilraum (ID_TR, ID_VUS, TRBez, RF) VALUES (1, 10, 'Blöcke', 2)",
                  "INSERT INTO Teilraum (ID_TR, ID_VUS, TRBez, RF, Anzeige) VALUES (2, 10, 'Kies', 1, False)",
                  "INSERT INTO Teilraum (ID_TR, ID_VUS, TRBez, RF) VALUES (3, 20, 'Blöcke', 1)",
@@ -87,6 +87,7 @@ TEST_F(Ergebnisliste, ShowsARowForEachResultAndSiteOfTheMode) {
         {2, false, 10, "2 1 1 1 1"},
         {2, false, 20, "3"},
         {2, false, 1, ""},
+        {2, false, 5, ""},
         {2, false, -1, ""},
         // Marked sub-habitats: 1 and 3; 4 has no site.
         {3, false, 0, "3 1 1 1 1"},
@@ -95,6 +96,52 @@ TEST_F(Ergebnisliste, ShowsARowForEachResultAndSiteOfTheMode) {
     for (const auto& fall : faelle)
         EXPECT_EQ(Teilraeume(fall.Anzeige, fall.IstWRRL, fall.TeilraumID), fall.Teilraeume)
             << fall.Anzeige << " " << fall.IstWRRL << " " << fall.TeilraumID;
+}
+
+/// A column of the order with the values of two places, the first of which stands first.
+struct Sortierung {
+    const char* Tabelle;
+    const char* Schluessel;
+    const char* Feld;
+    const char* Vorn;
+    const char* Hinten;
+    std::int32_t ID[2];  ///< keys of the rows of the two places
+};
+
+TEST_F(Ergebnisliste, StandsByEachColumnOfTheOrderBeforeTheNext) {
+    db.Handle->Execute("DELETE * FROM awaErgWRRL;");
+    for (const char* n : {"1", "2"}) {
+        const std::string k = n;
+        db.Handle->Execute("INSERT INTO Abschnitt (ID_AB) VALUES (3" + k + ")");
+        db.Handle->Execute("INSERT INTO UnvUStelle (ID_UUS, ID_AB) VALUES (4" + k + ", 3" + k + ")");
+        db.Handle->Execute("INSERT INTO VerUStelle (ID_VUS, ID_UUS) VALUES (5" + k + ", 4" + k + ")");
+        db.Handle->Execute("INSERT INTO Teilraum (ID_TR, ID_VUS) VALUES (6" + k + ", 5" + k + ")");
+        db.Handle->Execute("INSERT INTO awaPrStelle (ID_PS, ID_TR) VALUES (7" + k + ", 6" + k + ")");
+        db.Handle->Execute("INSERT INTO awaErgWRRL (ID, KAOnly) VALUES (6" + k + ", False)");
+    }
+    const Sortierung spalten[] = {
+        {"Abschnitt", "ID_AB", "RF", "2", "10", {31, 32}},
+        {"Abschnitt", "ID_AB", "ABBez", "'Äußere Ache'", "'Bach'", {31, 32}},
+        {"UnvUStelle", "ID_UUS", "RF", "2", "10", {41, 42}},
+        {"UnvUStelle", "ID_UUS", "USBez", "'Öd'", "'Wehr'", {41, 42}},
+        {"VerUStelle", "ID_VUS", "USDatumVon", "#8/3/2026#", "#5/12/2027#", {51, 52}},
+        {"Teilraum", "ID_TR", "RF", "2", "10", {61, 62}},
+        {"Teilraum", "ID_TR", "TRBez", "'Äste'", "'Blöcke'", {61, 62}},
+    };
+    const auto setze = [&](const Sortierung& spalte, const char* erster, const char* zweiter) {
+        for (const int i : {0, 1})
+            db.Handle->Execute("UPDATE " + std::string(spalte.Tabelle) + " SET " + spalte.Feld + "=" +
+                               (i == 0 ? erster : zweiter) + " WHERE " + spalte.Schluessel + "=" +
+                               std::to_string(spalte.ID[i]) + ";");
+    };
+    // Each column in turn puts sub-habitat 62 first; those before it are equal, those behind it say 61.
+    for (const auto& spalte : spalten) setze(spalte, spalte.Vorn, spalte.Hinten);
+    EXPECT_EQ(Teilraeume(1, true, 0), "61 62");
+    for (const auto& spalte : spalten) {
+        setze(spalte, spalte.Hinten, spalte.Vorn);
+        EXPECT_EQ(Teilraeume(1, true, 0), "62 61") << spalte.Tabelle << "." << spalte.Feld;
+        setze(spalte, spalte.Vorn, spalte.Vorn);
+    }
 }
 
 TEST_F(Ergebnisliste, OtherModesHaveNoStatement) {
@@ -114,7 +161,7 @@ TEST_F(Ergebnisliste, TellsTheNamesOfThePlace) {
     const std::pair<const char*, const char*> werte[] = {
         {"Abschnitt.RF", "2"},
         {"ABBez", "Mündung"},
-        {"UnvUStelle.RF", "5"},
+        {"UnvUStelle.RF", "9"},
         {"USBez", "Brücke"},
         {"Gewaessername", "Große Ache"},
         {"RefBioregionen", "K1,X"},
