@@ -187,9 +187,10 @@ TEST_F(TaxazahlenDerListe, TakeTheColumnOfTheirOwnSubHabitat) {
 }
 
 TEST_F(TaxazahlenDerListe, CountATaxonWithAndWithoutCfOnceInTypeBAlone) {
-    Eintrag("1, True, False, 30");
-    Eintrag("4, True, True, 1");
-    Eintrag("9, True, True, 1");
+    // With the same shares as without, so that the rows differ in `CF` alone.
+    Eintrag("1, True, False, 25");
+    Eintrag("4, True, True, 100");
+    Eintrag("9, True, True, 3");
     EXPECT_EQ(Zahl(5), 5);   // 1, 4 twice
     EXPECT_EQ(Zahl(6), 8);   // type A: 1, 4 twice, 8; type B: 1, 2, 9
     EXPECT_EQ(Zahl(7), 8);   // 1, 4, 9 twice
