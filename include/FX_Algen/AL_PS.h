@@ -234,11 +234,12 @@ public:
     /// with 6 above 32767 taxa.
     std::int16_t GesamttaxazahlTLR(const std::string& strSQL_TLR);
     /// Number of taxa in the findings of the scope, counted in the same way. `TaxaAuswahl` narrows "Projekt"
-    /// and "UStelle" and may name tables from `Abschnitt` (`VerUStelle`) down to `awaArtPrStelle`. Fails with
-    /// 3075 where `AktUebersicht` is no scope or the stored selection has no condition.
+    /// and "UStelle" and may name tables from `Abschnitt` (`VerUStelle`) down to `awaArtPrStelle`. A stored
+    /// selection counts where there are covers. Fails with 3075 where `AktUebersicht` is no scope or there is
+    /// no stored selection with a level and a condition.
     std::int16_t Gesamttaxazahl();
-    /// Number of seston taxa of the scope, in the same way down to `sesArtPrStelle`. A stored selection of
-    /// visits ("VerU-Stelle") fails with 3061.
+    /// Number of seston taxa of the scope, in the same way down to `sesArtPrStelle`, with or without covers.
+    /// A stored selection of visits ("VerU-Stelle") fails with 3061.
     std::int16_t GesamttaxazahlSeston();
     /// Exports the dominances of the scope. Fails with 445.
     void Export_ArtDom();
@@ -277,12 +278,12 @@ public:
     /// Puts the number of seston taxa of the scope into the labels. Fails with 445.
     bool SetReportGesamtTaxazahlSeston();
     /// Readable form of a comma-separated list of reference bioregions: "Kalkalpen (K1), X" of "K1,X" where
-    /// `AL_Bioregion` has K and not X. Fails with 3075 on an apostrophe in the list.
+    /// `AL_Bioregion` has K and not X. Fails with 3075 on a single apostrophe in the list.
     std::string GetBioregion_Kurzzeichen(const std::string& strKurzzeichen);
     /// Opens the assessment results with the names of their places as `WRRLErgRecordset`, a row for each
-    /// sampling site: those of marked sampling sites (`WRRLErgAuswahlAnzeige` 0), all (1), those of
-    /// `TeilraumID` (2), those of marked sub-habitats (3). Fails with 3075 where there is no such mode; the
-    /// former result then stays.
+    /// result and each sampling site of its sub-habitat: those of marked sampling sites
+    /// (`WRRLErgAuswahlAnzeige` 0), all (1), those of `TeilraumID` (2), those of marked sub-habitats (3).
+    /// Fails with 3075 where there is no such mode; the former result then stays.
     void Get_WRRLErgRecordset();
     /// Exports the macroalgae list of a sub-habitat. Fails with 445.
     void Export_Taxaliste_TLRMakroalge();

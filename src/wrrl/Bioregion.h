@@ -13,7 +13,7 @@ namespace FX_Algen {
 /// X" is "Kalkalpen (K1), X" where K are the Kalkalpen and X is unknown. Empty for an empty text.
 ///
 /// Of several rows with the same `Kurzzeichen` the one of the lowest key holds; a Null `Bezeichnung` is an
-/// empty one. Fails with 3075 on an apostrophe in the list, with 3343 without a database.
+/// empty one. Fails with 3075 on a single apostrophe in the list, with 3343 without a database.
 std::string GetBioregion_Kurzzeichen(const store::DatabasePtr& database, std::string_view RefBioregionen);
 
 }  // namespace FX_Algen

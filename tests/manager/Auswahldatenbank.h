@@ -25,8 +25,7 @@ namespace FX_Algen::test {
 ///       Abschnitt 21, UnvUStelle 211        VerUStelle 2111 12.05.2026   Teilraum 6
 ///
 /// Sub-habitat 1 has two sampling sites, 1 and 10; each other one has a site of its own number. 7 has no
-/// covers
-/// (`awaTeilraum`). Taxon 904 has no ratings, 905 and 906 are not in the catalogue.
+/// covers (`awaTeilraum`). Taxon 904 has no ratings, 905 and 906 are not in the catalogue.
 class Auswahldatenbank : public TestDatabase {
 public:
     Auswahldatenbank();
