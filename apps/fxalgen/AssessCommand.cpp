@@ -110,6 +110,7 @@ private:
         try {
             const AssessmentSite site = ReadAssessmentSite(database_, teilraum.ID_TR);
             WarnOfStation(teilraum, site, outcome);
+            RequireCountedDiatoms(database_, teilraum.ID_TR);
             const std::string sample = digests.OfSample(site);
             Run(site, KAOnly);
             const bool diatomsOnly = FromDiatoms(teilraum.ID_TR);
@@ -182,6 +183,7 @@ private:
         try {
             const AssessmentSite site = ReadAssessmentSite(database_, teilraum.ID_TR);
             WarnOfStation(teilraum, site, outcome);
+            RequireCountedDiatoms(database_, teilraum.ID_TR);
             SetAssessmentContext(ps_, site, false);
             ps_.Berechnung_WRRLArtenlisteTLR();
             if (const auto why = WhyNotListed(database_, site)) throw Error(NotListedNumber, *why);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "FX_Algen/Error.h"
+
 namespace FX_Algen::cli {
 
 namespace {
@@ -57,6 +59,16 @@ void SetAssessmentContext(AL_PS& ps, const AssessmentSite& site, bool KAOnly) {
     ps.DebugModus(false);
     ps.SilentModus(true);
     ps.Pbar_SBFormhWnd(0);
+}
+
+void RequireCountedDiatoms(const store::DatabasePtr& database, std::int32_t ID_TR) {
+    const auto taxon = UncountedDiatom(database, ID_TR);
+    if (!taxon) return;
+    throw Error(
+        ErrorNumber::InvalidUseOfNull,
+        "the valves of " + *taxon +
+            " were not entered (awaArtPrStelle.Schalen_KA is Null) while other diatoms were counted: the "
+            "frequency list would end there");
 }
 
 std::optional<std::string> WhyNotListed(const store::DatabasePtr& database, const AssessmentSite& site) {

@@ -16,6 +16,10 @@ namespace FX_Algen::cli {
 /// Sets sub-habitat, site and every other member that an assessment may read: an instance never forgets.
 void SetAssessmentContext(AL_PS& ps, const AssessmentSite& site, bool KAOnly);
 
+/// Fails with 94 where the frequency list would end at a finding of the sub-habitat: the class would rest on
+/// a part of the findings.
+void RequireCountedDiatoms(const store::DatabasePtr& database, std::int32_t ID_TR);
+
 /// Why the frequency list has no column for the sub-habitat, in words; none where it has one. Without it all
 /// counts and sums are 0, and the class that would follow from them is none.
 std::optional<std::string> WhyNotListed(const store::DatabasePtr& database, const AssessmentSite& site);

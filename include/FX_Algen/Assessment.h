@@ -44,6 +44,11 @@ void SetAssessmentSite(AL_PS& ps, const AssessmentSite& site);
 /// assessment. A host looks after each run.
 bool HasFrequencyColumn(const store::DatabasePtr& database, std::int32_t ID_TR);
 
+/// Name of a diatom of the sub-habitat whose valves were not entered (Null) while others were counted; none
+/// where there is none. The frequency list of an assessment ends at such a finding, and what is assessed then
+/// rests on a part of the findings, without a failure. A host looks before each run.
+std::optional<std::string> UncountedDiatom(const store::DatabasePtr& database, std::int32_t ID_TR);
+
 /// The reference rows that the stored assessments of a sub-habitat lacked, each once, the cause before what
 /// follows from it: lookups whose marker value was stored and that find no row. The class at the raised ratio
 /// is told only where that ratio is at most 1. Columns that are still Null after a failed run are passed

@@ -1,5 +1,6 @@
 // What a host sets for the assessment of a sub-habitat.
 #include <algorithm>
+#include <optional>
 #include <string_view>
 
 #include "FX_Algen/AL_PS.h"
@@ -140,6 +141,31 @@ bool HasFrequencyColumn(const store::DatabasePtr& database, std::int32_t ID_TR) 
     const auto& fields = tables["awaArtenlisteHaeufigkeit"].Fields();
     return std::any_of(fields.begin(), fields.end(),
                        [&](const store::FieldDef& field) { return field.Name == name; });
+}
+
+std::optional<std::string> UncountedDiatom(const store::DatabasePtr& database, std::int32_t ID_TR) {
+    auto& db = calc::Vorhanden(database, "UncountedDiatom");
+    const std::string findings =
+        "((awaPrStelle INNER JOIN awaArtPrStelle ON awaPrStelle.ID_PS = awaArtPrStelle.ID_PS) "
+        "INNER JOIN awaModulStandard ON awaArtPrStelle.ID_ART = awaModulStandard.ID_ART) ";
+    const std::string where =
+        "WHERE awaPrStelle.ID_TR=" + store::NumberText(ID_TR) + " AND awaModulStandard.Lebensform=1";
+    // The findings that the list takes for diatoms: it needs the whole way to the major group.
+    const auto row = db.OpenRecordset(
+        "SELECT awaArt.Gattung, awaArt.Art FROM (((" + findings +
+        "INNER JOIN awaArt ON awaArtPrStelle.ID_ART = awaArt.ID_ART) "
+        "INNER JOIN awaUnterFam ON awaArt.ID_UFAM = awaUnterFam.ID_UFAM) "
+        "INNER JOIN awaFamilie ON awaUnterFam.ID_FAM = awaFamilie.ID_FAM) "
+        "INNER JOIN awaGrossGr ON awaFamilie.ID_GRGR = awaGrossGr.ID_GRGR " +
+        where +
+        " AND awaArtPrStelle.Schalen_KA Is Null AND awaFamilie.ID_GRGR<132 AND awaGrossGr.RF_Kieselalge<>0 "
+        "ORDER BY awaArt.Gattung, awaArt.Art;");
+    if (row->Eof()) return std::nullopt;
+    const auto sum =
+        db.OpenRecordset("SELECT Sum(awaArtPrStelle.Schalen_KA) AS Summe FROM " + findings + where + ";");
+    const store::Value& valves = (*sum)["Summe"];
+    if (valves.IsNull() || valves.R8() <= 0) return std::nullopt;
+    return Trimmed(OrEmpty((*row)["Gattung"]) + " " + OrEmpty((*row)["Art"]));
 }
 
 }  // namespace FX_Algen

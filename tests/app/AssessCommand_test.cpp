@@ -217,6 +217,29 @@ TEST_F(Assess, ANullAmongTheRatingsNamesItsTaxon) {
     EXPECT_THAT(Assessments(), ElementsAre("11 Null Null", "13 KA 1"));
 }
 
+TEST_F(Assess, ADiatomWithoutCountFailsRatherThanShortenTheList) {
+    Execute({"UPDATE awaArtPrStelle SET Schalen_KA=Null WHERE ID_PS=1 AND ID_ART=11;"});
+    const cli::Outcome outcome = Project1();
+    EXPECT_EQ(outcome.Code, 1);
+    EXPECT_THAT(outcome.Err, HasSubstr("Teilraum 11 ("));
+    EXPECT_THAT(outcome.Err, HasSubstr("the valves of Gattung grün11 were not entered"));
+    EXPECT_THAT(outcome.Err, HasSubstr("(94)"));
+    EXPECT_THAT(Assessments(), ElementsAre("13 KA 1"));
+    EXPECT_EQ(Project1({"--check"}).Code, 1);
+    // Nothing counted at all: the list does not need the valves. Nor does it need those of a green alga.
+    Execute({
+        "UPDATE awaArtPrStelle SET Schalen_KA=0 WHERE ID_PS=1 AND ID_ART=12;",
+        "UPDATE awaArtPrStelle SET Schalen_KA=Null WHERE ID_PS=1 AND ID_ART=1;",
+    });
+    EXPECT_EQ(Project1().Code, 0);
+    // Counted again, and the diatom is one that an assessment leaves out.
+    Execute({
+        "UPDATE awaArtPrStelle SET Schalen_KA=40 WHERE ID_PS=1 AND ID_ART=12;",
+        "UPDATE awaModulStandard SET Lebensform=2 WHERE ID_ART=11;",
+    });
+    EXPECT_EQ(Project1().Code, 0);
+}
+
 TEST_F(Assess, WhatHasNoPlaceInTheFrequencyListFailsAndShowsNoClass) {
     struct Case {
         const char* Change;

@@ -74,6 +74,11 @@ int Assess(const std::string& path, std::ostream& out) {
         const auto id = (*subhabitats)["ID_TR"].I4();
         try {
             const auto site = ReadAssessmentSite(database, id);
+            if (const auto diatom = UncountedDiatom(database, id)) {
+                out << id << ": no valves entered for " << *diatom << '\n';
+                ++failed;
+                continue;
+            }
             SetAssessmentSite(ps, site);
             for (const bool diatomsAlone : {false, true}) {
                 ps.KAOnly(diatomsAlone);
