@@ -4,6 +4,7 @@
 
 #include "FX_Algen/Store.h"
 #include "store/OpenConnection.h"
+#include "store/TableText.h"
 
 namespace FX_Algen::store {
 
@@ -135,6 +136,29 @@ bool SameName(std::string_view a, std::string_view b) { return dialect::Fold(a) 
 
 }  // namespace
 
+std::string CreateTableText(const std::string& table, const std::vector<FieldDef>& fields) {
+    std::string sql = "CREATE TABLE " + Quoted(table) + " (";
+    for (const auto& field : fields) {
+        if (&field != &fields.front()) sql += ", ";
+        sql += Declaration(field);
+    }
+    return sql + ")";
+}
+
+bool IsMadeOf(Connection& connection, const std::string& table, const std::vector<FieldDef>& fields) {
+    const auto parts = connection.TheEngine().Prepare(
+        "SELECT sql, type FROM sqlite_schema WHERE tbl_name=?1 COLLATE NOCASE");
+    parts->Bind(0, Value(table));
+    if (!parts->Step() || parts->Text(1) != "table" || parts->Text(0) != CreateTableText(table, fields))
+        return false;
+    return !parts->Step();
+}
+
+void EmptyTable(Connection& connection, const std::string& table) {
+    const RowChange change(connection, table);
+    connection.TheEngine().Run("DELETE FROM " + Quoted(table));
+}
+
 void TableDef::Append(const FieldDef& field) {
     const auto folded = dialect::Fold(field.Name);
     const auto is_field = [&folded](const FieldDef& one) { return dialect::Fold(one.Name) == folded; };
@@ -193,12 +217,7 @@ void TableDefs::Append(TableDef& table) {
     connection_->RefreshSchema();
     if (connection_->Tables().FindTable(table.Name()) != nullptr)
         throw Error(ErrorNumber::DuplicateKey, "Append: there is a table '" + table.Name() + "' already.");
-    std::string sql = "CREATE TABLE " + Quoted(table.Name()) + " (";
-    for (const auto& field : table.Fields()) {
-        if (&field != &table.Fields().front()) sql += ", ";
-        sql += Declaration(field);
-    }
-    Change(*connection_, "Append", table.Name(), sql + ")");
+    Change(*connection_, "Append", table.Name(), CreateTableText(table.Name(), table.Fields()));
     table.connection_ = connection_;
     tables_.push_back(table);
 }

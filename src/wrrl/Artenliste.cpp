@@ -289,15 +289,13 @@ std::optional<std::vector<Teilraum>> TeilraeumeOderKeine(const Listenauftrag& au
 }
 
 bool Aufbauen(const Listenauftrag& auftrag, const Fortschrittsanzeige& anzeige, FrequencyColumn* spur) {
-    const Listentabelle tabelle(Pfad(auftrag));
-    if (!tabelle.Loeschen()) return false;
-
     const auto teilraeume = TeilraeumeOderKeine(auftrag);
     std::vector<std::int32_t> schluessel;
     if (teilraeume)
         for (const auto& teilraum : *teilraeume) schluessel.push_back(teilraum.ID_TR);
     // The table is made with all of its columns at once, since each one added later costs as much as that.
-    if (!tabelle.Erstellen(schluessel)) return false;
+    // Where the sub-habitats cannot be read, or there is none, it has the first four.
+    if (!Listentabelle(Pfad(auftrag)).NeuErstellen(schluessel)) return false;
     if (schluessel.empty()) return false;
 
     auto liste = LeereListe(auftrag, schluessel.size());

@@ -1,11 +1,13 @@
 #include "wrrl/ArtenlisteTabelle.h"
 
 #include <algorithm>
+#include <memory>
 
 #include "FX_Algen/Error.h"
 #include "store/Allgemein.h"
 #include "store/AppendRows.h"
 #include "store/Connection.h"
+#include "store/TableText.h"
 
 namespace FX_Algen::artenliste {
 namespace {
@@ -24,21 +26,43 @@ std::vector<store::FieldDef> FesteSpalten() {
             MitNull("IstKA", FieldType::Boolean), MitNull("MAalsMI", FieldType::Boolean)};
 }
 
-/// How many columns a table can have in the database at `pfad`.
-std::size_t Spaltengrenze(const std::string& pfad) {
-    return store::MostColumns(*store::Workspace().OpenDatabase(pfad)->SharedConnection());
+/// Columns of the table, as many as a table can have in the database.
+std::vector<store::FieldDef> Felder(store::Connection& connection,
+                                    const std::vector<std::int32_t>& schluessel) {
+    auto felder = FesteSpalten();
+    const auto passend = std::min(schluessel.size(), store::MostColumns(connection) - felder.size());
+    for (std::size_t i = 0; i < passend; ++i)
+        felder.push_back(MitNull(Spaltenname(schluessel[i]), FieldType::Double));
+    return felder;
+}
+
+/// The connection to the database at `pfad`; none where it does not open.
+std::shared_ptr<store::Connection> Verbindung(const std::string& pfad) try {
+    return store::OpenConnection(pfad);
+} catch (const Error&) {
+    return nullptr;
+}
+
+/// Empties the table where it is as it is wanted. False where it is not, and where that fails: dropping it
+/// fails then, too, and tells so.
+bool Geleert(store::Connection& connection, const std::vector<store::FieldDef>& felder) try {
+    if (!store::IsMadeOf(connection, Name, felder)) return false;
+    store::EmptyTable(connection, Name);
+    return true;
+} catch (const Error&) {
+    return false;
 }
 
 }  // namespace
 
-bool Listentabelle::Loeschen() const { return Allgemein::Tabelle_Loeschen(pfad_, Name); }
-
-bool Listentabelle::Erstellen(const std::vector<std::int32_t>& schluessel) const {
-    auto felder = FesteSpalten();
-    const auto passend = std::min(schluessel.size(), Spaltengrenze(pfad_) - felder.size());
-    for (std::size_t i = 0; i < passend; ++i)
-        felder.push_back(MitNull(Spaltenname(schluessel[i]), FieldType::Double));
-    return Allgemein::Tabelle_Erstellen(pfad_, Name, felder) && passend == schluessel.size();
+bool Listentabelle::NeuErstellen(const std::vector<std::int32_t>& schluessel) const {
+    const auto verbindung = Verbindung(pfad_);
+    const auto felder = verbindung ? Felder(*verbindung, schluessel) : FesteSpalten();
+    const bool geleert = verbindung && Geleert(*verbindung, felder);
+    if (!geleert &&
+        !(Allgemein::Tabelle_Loeschen(pfad_, Name) && Allgemein::Tabelle_Erstellen(pfad_, Name, felder)))
+        return false;
+    return felder.size() == FesteSpalten().size() + schluessel.size();
 }
 
 void Listentabelle::Schreiben(const store::DatabasePtr& database, const Liste& liste,

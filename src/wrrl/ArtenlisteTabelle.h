@@ -14,12 +14,13 @@ class Listentabelle {
 public:
     explicit Listentabelle(std::string pfad) : pfad_(std::move(pfad)) {}
 
-    /// Drops the table. False, with a box, where that fails.
-    bool Loeschen() const;
-    /// Makes the table with its four columns and a column `A<ID_TR>` for each key. False where the store
-    /// takes fewer columns (those that it takes are there then), or, with a box, where the table cannot be
-    /// made.
-    bool Erstellen(const std::vector<std::int32_t>& schluessel) const;
+    /// Drops the table and makes it with its four columns and a column `A<ID_TR>` for each key. A table that
+    /// is there exactly so is emptied: each change of the schema makes the engine prepare all statements
+    /// anew.
+    ///
+    /// False where the store takes fewer columns (those that it takes are there then), or, with a box, where
+    /// the table cannot be dropped or made.
+    bool NeuErstellen(const std::vector<std::int32_t>& schluessel) const;
     /// Writes the rows of the list, whole.
     static void Schreiben(const store::DatabasePtr& database, const Liste& liste,
                           const std::vector<std::int32_t>& schluessel);

@@ -1,6 +1,7 @@
 // What a connection keeps when one of its tables is made, altered or dropped.
 #include "StoreFixture.h"
 #include "store/AppendRows.h"
+#include "store/TableText.h"
 
 namespace FX_Algen::store {
 namespace {
@@ -126,6 +127,39 @@ TEST_F(TableChange, LeavesThePlannersFiguresAsTheyAre) {
     Make("awaArtPrStelle", {TableDef::CreateField("ID_PS", FieldType::Long)});
     One("SELECT Count(*) FROM awaArtPrStelle");
     EXPECT_EQ(OtherProgram(path_).One(figures), right);
+}
+
+// ---- a table that is there already ---------------------------------------------------------------------
+
+TEST_F(TableChange, KnowsATableThatIsMadeAsItIsWanted) {
+    const std::string name = "Häufigkeitsliste";
+    auto flag = TableDef::CreateField("Geprüft", FieldType::Boolean);
+    flag.DefaultValue = "0";
+    const std::vector<FieldDef> fields{TableDef::CreateField("ID_Art", FieldType::Long), flag,
+                                       TableDef::CreateField("Bez", FieldType::Text, 8)};
+    EXPECT_FALSE(IsMadeOf(TheConnection(), name, fields)) << "not there";
+    Make(name, fields);
+    EXPECT_TRUE(IsMadeOf(TheConnection(), name, fields));
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        auto less = fields;
+        less.erase(less.begin() + static_cast<std::ptrdiff_t>(i));
+        EXPECT_FALSE(IsMadeOf(TheConnection(), name, less)) << i;
+        auto other = fields;
+        other[i].Name += "x";
+        EXPECT_FALSE(IsMadeOf(TheConnection(), name, other)) << i;
+    }
+    auto other = fields;
+    other[1].DefaultValue = "-1";
+    EXPECT_FALSE(IsMadeOf(TheConnection(), name, other));
+    EXPECT_FALSE(IsMadeOf(TheConnection(), "Fundliste", fields)) << "a view";
+    OtherProgram(path_).Run("CREATE INDEX Neben ON Häufigkeitsliste(Bez)");
+    EXPECT_FALSE(IsMadeOf(TheConnection(), name, fields)) << "with an index";
+}
+
+TEST_F(TableChange, EmptiesATable) {
+    EmptyTable(TheConnection(), "awaArtPrStelle");
+    EXPECT_EQ(One("SELECT Count(*) FROM awaArtPrStelle"), Value(0));
+    EXPECT_EQ(FailureNumber([&] { EmptyTable(TheConnection(), "Überzählig"); }), ErrorNumber::UnknownTable);
 }
 
 // ---- rows in one go ------------------------------------------------------------------------------------

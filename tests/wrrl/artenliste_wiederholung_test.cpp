@@ -181,5 +181,56 @@ TEST_F(ArtenlisteWiederholung, LeavesNothingOpenBehind) {
     EXPECT_EQ(db.Eins("SELECT PRJBez FROM Projekt WHERE ID_PRJ=3;"), store::Value("Mürz bis Öblarn"));
 }
 
+// ---- a table that is there already ---------------------------------------------------------------------
+
+TEST_F(ArtenlisteWiederholung, LeavesTheSchemaAloneWhereTheTableHasItsColumnsAlready) {
+    auto& engine = store::EngineOf(*db.Datenbank()->SharedConnection());
+    const auto stand = [&] {
+        const auto zeile = engine.Prepare("PRAGMA schema_version");
+        zeile->Step();
+        return zeile->Integer(0);
+    };
+    auto auftrag = Bewertung();
+    auftrag.TeilraumID = 17;
+    Bauen(auftrag);
+    const auto nachher = stand();
+    db.Datenbank()->Execute("UPDATE awaArtenlisteHaeufigkeit SET A17=99, MAalsMI=True;");
+    db.Datenbank()->Execute("INSERT INTO awaArtenlisteHaeufigkeit (ID_Art) VALUES (77);");
+    EXPECT_EQ(Bauen(auftrag), VonNeuem(auftrag));
+    EXPECT_EQ(stand(), nachher);
+    auftrag.TeilraumID = 18;
+    EXPECT_EQ(Bauen(auftrag), VonNeuem(auftrag));
+    EXPECT_NE(stand(), nachher);
+}
+
+TEST_F(ArtenlisteWiederholung, MakesTheTableAnewWhereItIsNotQuiteTheSame) {
+    auto& engine = store::EngineOf(*db.Datenbank()->SharedConnection());
+    const auto zahl = [&](const std::string& anweisung) {
+        const auto zeile = engine.Prepare(anweisung);
+        zeile->Step();
+        return zeile->Integer(0);
+    };
+    const auto teile = [&] {
+        return zahl("SELECT count(*) FROM sqlite_schema WHERE tbl_name='awaArtenlisteHaeufigkeit'");
+    };
+    auto auftrag = Bewertung();
+    auftrag.TeilraumID = 17;
+    Bauen(auftrag);
+    ASSERT_EQ(teile(), 1);
+    for (const std::string zusatz :
+         {"CREATE INDEX Nebenbei ON awaArtenlisteHaeufigkeit (ID_Art)",
+          "CREATE TRIGGER Nebenbei AFTER INSERT ON awaArtenlisteHaeufigkeit BEGIN DELETE FROM "
+          "awaArtenlisteHaeufigkeit; END",
+          "ALTER TABLE awaArtenlisteHaeufigkeit ADD COLUMN Ä1 DOUBLE",
+          "DROP TABLE awaArtenlisteHaeufigkeit; CREATE TABLE awaArtenlisteHaeufigkeit (ID_Art INTEGER, CF "
+          "BOOLEAN, IstKA BOOLEAN, MAalsMI BOOLEAN, A17 DOUBLE)",
+          "DROP TABLE awaArtenlisteHaeufigkeit"}) {
+        store::OpenEngine(db.Pfad(), false)->Run(zusatz);
+        EXPECT_EQ(Bauen(auftrag), VonNeuem(auftrag)) << zusatz;
+        EXPECT_EQ(teile(), 1) << zusatz;
+        EXPECT_THAT(Spalten(), ElementsAre("ID_Art", "CF", "IstKA", "MAalsMI", "A17")) << zusatz;
+    }
+}
+
 }  // namespace
 }  // namespace FX_Algen
