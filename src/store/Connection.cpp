@@ -242,43 +242,51 @@ void Connection::Read(std::string_view operation, std::string_view source,
     }
 }
 
-std::int64_t Connection::ExecuteOnce(Prepared& prepared) {
-    const auto& translated = prepared.Translated;
-    const bool durable = !IsScratchTable(translated.Target);
-    if (translated.ExternalPath)
-        engine_->DurableIn(ExternalSchema(*translated.ExternalPath), durable);
-    else
-        engine_->Durable(durable);
+std::int64_t Connection::ExecuteOnce(const Action& action) {
+    const bool durable = !IsScratchTable(action.Statement.Translated.Target);
+    engine_->DurableIn(action.Schema, durable);
     const RowChange change(*this, !durable);
-    const StatementUse use(*prepared.Statement);
-    Bind(prepared);
-    while (prepared.Statement->Step()) {
+    const StatementUse use(*action.Statement.Statement);
+    Bind(action.Statement);
+    while (action.Statement.Statement->Step()) {
     }
     return engine_->Changes();
 }
 
 /// The prepared statement, whose other file (INSERT … IN) is attached as its text says.
-Connection::Prepared& Connection::PreparedAction(std::string_view statement) {
-    Prepared& prepared = PreparedFor(statement);
-    if (prepared.Translated.Is == dialect::Translation::Verb::Select)
-        FailWrongVerb("A SELECT changes nothing; it is for OpenRecordset.");
-    if (!prepared.Translated.ExternalPath) return prepared;
-    // The file may have been detached since, or another may lie there now.
-    const std::string path = *prepared.Translated.ExternalPath;
-    const auto count = attached_count_;
-    ExternalSchema(path);
-    return attached_count_ == count ? prepared : PreparedFor(statement);
+Connection::Action Connection::PreparedAction(std::string_view statement) {
+    // That the engine had to prepare a statement anew shows once it ran, and by then an action has changed
+    // its rows: to the kinds that the columns had before.
+    if (catalogue_.IsStale()) RefreshSchema();
+    for (;;) {
+        Prepared& prepared = PreparedFor(statement);
+        if (prepared.Translated.Is == dialect::Translation::Verb::Select)
+            FailWrongVerb("A SELECT changes nothing; it is for OpenRecordset.");
+        if (!prepared.Translated.ExternalPath) return {prepared, "main"};
+        const std::string path = *prepared.Translated.ExternalPath;
+        const auto count = attached_count_;
+        const auto schema = Attach(path).SchemaName;
+        if (schema != "main" && attachments_.front().Tables->IsStale()) {
+            RefreshSchema();
+            continue;
+        }
+        if (attached_count_ == count &&
+            prepared.Translated.Sql.starts_with("INSERT INTO " + Quoted(schema) + "."))
+            return {prepared, schema};
+        // The file was detached since, another one lies there now, or the path leads to another one.
+        statements_.Clear();
+    }
 }
 
 std::int64_t Connection::Execute(std::string_view statement) {
     std::string translated;
     try {
         for (;;) {
-            Prepared& prepared = PreparedAction(statement);
+            const Action action = PreparedAction(statement);
             try {
-                return ExecuteOnce(prepared);
+                return ExecuteOnce(action);
             } catch (const Error&) {
-                translated = prepared.Translated.Sql;
+                translated = action.Statement.Translated.Sql;
                 if (!RefreshSchema()) throw;
             }
         }
@@ -288,8 +296,6 @@ std::int64_t Connection::Execute(std::string_view statement) {
 }
 
 // ---- other files -------------------------------------------------------------------------------
-
-std::string Connection::ExternalSchema(const std::string& path) { return Attach(path).SchemaName; }
 
 void Connection::Detach(std::list<Attachment>::iterator attachment) {
     // Statements that name the schema would keep it in use.

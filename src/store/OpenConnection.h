@@ -65,8 +65,7 @@ public:
 
     /// Forgets tables and statements; to be called when the schema was changed.
     void SchemaChanged();
-    /// Forgets what concerns one table, under its name as the schema has it; to be called after this
-    /// connection created, altered or dropped it.
+    /// Forgets what concerns one table; to be called after this connection created, altered or dropped it.
     void TableChanged(std::string_view table);
     /// Forgets them where another program changed the schema since they were read; tells whether it did.
     bool RefreshSchema();
@@ -101,6 +100,10 @@ private:
         std::shared_ptr<const ResultShape> Shape;  ///< of a SELECT
         std::size_t LastCount = 0;                 ///< rows it gave the last time
     };
+    struct Action {
+        Prepared& Statement;
+        std::string Schema;  ///< of the file whose rows it changes
+    };
     struct Attachment {
         DatabaseFile File;
         std::string Schema;
@@ -110,13 +113,12 @@ private:
     Prepared* FindPrepared();
     Prepared& PreparedFor(std::string_view statement);
     Prepared& PreparedForSource(std::string_view source);
-    Prepared& PreparedAction(std::string_view statement);
+    Action PreparedAction(std::string_view statement);
     Prepared& Translate(std::string_view statement);
     void Bind(const Prepared& prepared);
     bool ReadOnce(Prepared& prepared, ResultRows& rows);
-    std::int64_t ExecuteOnce(Prepared& prepared);
+    std::int64_t ExecuteOnce(const Action& action);
     void AppendRow(const Prepared& prepared, ResultRows& rows) const;
-    std::string ExternalSchema(const std::string& path);
     void Detach(std::list<Attachment>::iterator attachment);
     std::string AttachUnchecked(const std::string& path);
 

@@ -96,6 +96,9 @@ bool SchemaCatalogue::TableChanged(std::string_view table) {
     // Each change raises the version by one; more than that was another hand's.
     if (!version_ || Version() != *version_ + 1) return false;
     const auto folded = dialect::Fold(table);
+    // Another hand may have made it under a name in other letters, which is the one that statements write.
+    const auto known = entries_.find(folded);
+    if (known != entries_.end() && known->second.Name != table) return false;
     const bool viewed = std::any_of(entries_.begin(), entries_.end(), [&folded](const auto& one) {
         return one.second.IsView && one.second.FoldedSql.find(folded) != std::string::npos;
     });

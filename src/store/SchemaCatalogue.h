@@ -32,9 +32,9 @@ public:
     void Forget();
     /// The version that was read; none while nothing was.
     const std::optional<std::int64_t>& Known() const noexcept { return version_; }
-    /// To be called after this connection created, altered or dropped one table, under its name as the schema
-    /// has it. Reads that table anew and keeps the others; false, with nothing done, where more than that one
-    /// change happened since the schema was read, or a view names the table.
+    /// To be called after this connection created, altered or dropped one table. Reads that table anew and
+    /// keeps the others; false, with nothing done, where more than that one change happened since the schema
+    /// was read, the schema has the table under a name in other letters, or a view names it.
     bool TableChanged(std::string_view table);
 
 private:

@@ -94,5 +94,37 @@ TEST_F(OtherFile, AFileThatTookThePathLaterIsWrittenTo) {
     EXPECT_EQ(Count(old), "2");
 }
 
+TEST_F(OtherFile, TheFileThatThePathLeadsToNowIsWrittenTo) {
+    const auto first = Report("Bericht Mürz.db");
+    const auto second = Report("Bericht Öblarn.db");
+    const auto link = folder_.File("Bericht.db");
+    const auto lead = [&link](const std::string& to) {
+        std::filesystem::remove(link);
+        std::filesystem::create_symlink(to, link);
+    };
+    lead(first);
+    db_->Execute(InsertInto(link));
+    lead(second);
+    db_->Execute(InsertInto(link));
+    EXPECT_EQ(Count(first), "2");
+    EXPECT_EQ(Count(second), "2");
+    lead(first);
+    db_->Execute(InsertInto(link));
+    EXPECT_EQ(Count(first), "4");
+    EXPECT_EQ(Count(second), "2");
+    lead(path_);
+    EXPECT_EQ(FailureNumber([&] { db_->Execute(InsertInto(link)); }), ErrorNumber::UnknownTable);
+}
+
+TEST_F(OtherFile, AColumnThatAnotherProgramMadeOfAnotherKindTakesItsValues) {
+    const auto report = Report("Bericht.db");
+    const std::string insert = "INSERT INTO rpt_Liste (ID) IN '" + report + "' VALUES (2.5)";
+    db_->Execute(insert);
+    EXPECT_EQ(OtherProgram(report).One("SELECT ID FROM rpt_Liste"), "2");  // half to even
+    OtherProgram(report).Run("DROP TABLE rpt_Liste; CREATE TABLE rpt_Liste(ID DOUBLE, Bezeichnung TEXT)");
+    db_->Execute(insert);
+    EXPECT_EQ(OtherProgram(report).One("SELECT ID FROM rpt_Liste"), "2.5");
+}
+
 }  // namespace
 }  // namespace FX_Algen::store

@@ -94,6 +94,39 @@ TEST_F(TableChange, SeesWhatAnotherProgramChangedMeanwhile) {
     EXPECT_EQ(FieldCount("Häufigkeitsliste"), 3U);
 }
 
+TEST_F(TableChange, WritesToTheKindsThatAnotherProgramGaveTheColumns) {
+    const std::string insert = "INSERT INTO Häufigkeitsliste (ID_Art, A17) VALUES (1, 2.5)";
+    const std::string update = "UPDATE Häufigkeitsliste SET A17=3.5 WHERE ID_Art=1";
+    MakeList("A17", FieldType::Integer);
+    db_->Execute(insert);
+    EXPECT_EQ(One("SELECT A17 FROM Häufigkeitsliste"), Value(std::int16_t{2}));  // half to even
+    db_->Execute(update);
+    EXPECT_EQ(One("SELECT A17 FROM Häufigkeitsliste"), Value(std::int16_t{4}));
+    OtherProgram(path_).Run(
+        "DROP TABLE Häufigkeitsliste; CREATE TABLE Häufigkeitsliste(ID_Art INTEGER, A17 "
+        "DOUBLE)");
+    db_->Execute(insert);
+    EXPECT_EQ(One("SELECT A17 FROM Häufigkeitsliste"), Value(2.5));
+    OtherProgram(path_).Run(
+        "DROP TABLE Häufigkeitsliste; CREATE TABLE Häufigkeitsliste(ID_Art INTEGER, A17 "
+        "SMALLINT); INSERT INTO Häufigkeitsliste VALUES(1,0)");
+    db_->Execute(update);
+    EXPECT_EQ(One("SELECT A17 FROM Häufigkeitsliste"), Value(std::int16_t{4}));
+}
+
+TEST_F(TableChange, OfATableThatAnotherProgramMadeUnderANameInOtherLetters) {
+    MakeList("A17");
+    auto tables = db_->TableDefs();
+    auto& list = tables["Häufigkeitsliste"];
+    OtherProgram(path_).Run("DROP TABLE Häufigkeitsliste; CREATE TABLE HäUFIGKEITSLISTE(ID_Art INTEGER)");
+    EXPECT_EQ(FieldCount("Häufigkeitsliste"), 1U);
+    list.Append(TableDef::CreateField("A18", FieldType::Double));
+    EXPECT_EQ(FieldCount("Häufigkeitsliste"), 2U);
+    EXPECT_EQ(FieldCount("SELECT * FROM häufigkeitsliste"), 2U);
+    tables.Delete("Häufigkeitsliste");
+    EXPECT_EQ(FailureNumber([&] { db_->OpenRecordset("HäUFIGKEITSLISTE"); }), ErrorNumber::UnknownTable);
+}
+
 TEST_F(TableChange, IsForgottenWithTheSavepointThatHeldIt) {
     MakeList("A17");
     EXPECT_EQ(FieldCount("Häufigkeitsliste"), 2U);
