@@ -60,7 +60,8 @@ void PrintDiatoms(const Prose& prose, const FrequencyColumn& column, const Asses
     prose.Line(2, prose.Word(words::Schalenblock));
     prose.Blank();
     Table table;
-    AddColumns(prose, table, {words::Taxon, words::Fundort}, {words::Schalen, words::Anteil, words::Zelle});
+    AddColumns(prose, table, {words::Taxon, words::Fundort},
+               {words::Schalen, words::Anteil, words::Haeufigkeit});
     for (const ListedFinding& finding : column.Findings) {
         if (!Listed(finding, true)) continue;
         table.AddRow({NameOfTaxon(site, finding.ID_ART, finding.CF),
@@ -77,7 +78,7 @@ void PrintOthers(const Prose& prose, const FrequencyColumn& column, const Assess
     prose.Blank();
     Table table;
     AddColumns(prose, table, {words::Taxon, words::Fundort},
-               {words::Deckung, words::Anteil, words::ImBestand, words::Dazu, words::Zelle});
+               {words::Deckung, words::Anteil, words::ImBestand, words::Dazu, words::Haeufigkeit});
     for (const ListedFinding& finding : column.Findings) {
         if (!Listed(finding, false)) continue;
         table.AddRow({NameOfTaxon(site, finding.ID_ART, finding.CF),

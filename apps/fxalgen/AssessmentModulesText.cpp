@@ -11,11 +11,13 @@ namespace {
 
 constexpr std::int16_t RatioPlaces = 6;
 
-/// "awaWRRL_ETI (Taxagruppe = Alle, TGZK = mt)".
+/// "awaWRRL_ETI (Taxagruppe = Alle, TGZK = mt)". The ratio of a lookup of class bounds is told elsewhere.
 std::string Source(const ReferenceLookup& lookup) {
     std::string keys;
-    for (const LookupKey& key : lookup.Keys)
+    for (const LookupKey& key : lookup.Keys) {
+        if (key.Column == "EQR") continue;
         keys += (keys.empty() ? "" : ", ") + key.Column + " = " + key.Value;
+    }
     return lookup.Table + " (" + keys + ")";
 }
 

@@ -35,6 +35,12 @@ std::array<Module, 3> Modules(const AssessmentTrace& trace) {
               trace.ReferenceSpecies ? &trace.ReferenceSpecies->Ratio : nullptr}}};
 }
 
+/// An index of 0 is none, mostly for want of findings with a weight, and its ratio is set, not measured.
+bool WithoutIndex(const Module& module) {
+    return module.Which != AssessmentModule::ReferenceSpecies && module.Ratio != nullptr &&
+           module.Ratio->Index == 0 && module.Ratio->Class.Hit;
+}
+
 std::string ClassNumber(const Prose& prose, std::int16_t OEZK) { return OEZK < 0 ? "-" : prose.Exact(OEZK); }
 
 std::string Distance(const Prose& prose, const std::optional<NeighbourClass>& next) {
@@ -167,6 +173,10 @@ void PrintOverall(const Prose& prose, const AssessmentTrace& trace) {
                                  {worst, prose.Exact(overall.Count), NamesOfWorst(prose, trace)}));
     }
     prose.Line(2, Softening(prose, overall));
+    for (const Module& module : Modules(trace)) {
+        if (!WithoutIndex(module)) continue;
+        prose.Line(2, prose.Word(words::ClassWithoutIndex, {prose.Word(WordOf(module.Which))}));
+    }
     PrintDistances(prose, trace);
     prose.Blank();
 }

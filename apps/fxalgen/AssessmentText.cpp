@@ -18,7 +18,7 @@ const ExplainedColumn* Column(const ExplainedAssessment& assessment, std::string
     return found == assessment.Columns.end() ? nullptr : &*found;
 }
 
-/// Without the list every count is 0, and what they lead to is no class.
+/// Without the whole list findings are missing from the counts, and what they lead to is no class.
 bool ListMissing(const AssessmentTrace& trace) { return trace.ReferenceSpecies && !trace.ListBuilt; }
 
 void PrintClass(const Prose& prose, const AssessmentTrace& trace) {
@@ -49,7 +49,9 @@ void PrintStored(const Prose& prose, const ExplainedAssessment& assessment) {
 }
 
 void PrintEnd(const Prose& prose, const ExplainedAssessment& assessment) {
-    if (ListMissing(assessment.Trace)) prose.Line(2, prose.Word(words::ListNotBuilt));
+    if (ListMissing(assessment.Trace)) {
+        prose.Line(2, prose.Word(assessment.Trace.Column ? words::ListIncomplete : words::ListNotBuilt));
+    }
     if (assessment.Trace.Skipped == NotAssessed::NoSample) prose.Line(2, prose.Word(words::SampleGone));
     if (assessment.Trace.Skipped == NotAssessed::DiatomsAlready) {
         prose.Line(2, prose.Word(words::DiatomsAlready));
@@ -100,8 +102,25 @@ void PrintDifferences(const Prose& prose, const ExplainedAssessment& assessment)
     prose.Blank();
 }
 
-void PrintAssessment(const Prose& prose, const ExplainedAssessment& assessment, const AssessedSite& site,
-                     const Explanation& calculation) {
+bool SameFindings(const AssessmentTrace& one, const AssessmentTrace& other) {
+    return one.Column && one.ReferenceSpecies && other.ReferenceSpecies && one.Column == other.Column &&
+           one.ReferenceSpecies->Taxa == other.ReferenceSpecies->Taxa;
+}
+
+/// Findings, from the frequency list to the counts; those that `above` holds too are not told twice.
+void PrintFindings(const Prose& prose, const AssessmentTrace& trace, const AssessmentTrace* above,
+                   const AssessedSite& site) {
+    if (above != nullptr && SameFindings(trace, *above)) {
+        prose.Line(2, prose.Word(words::SameList));
+        prose.Blank();
+        return;
+    }
+    if (trace.ReferenceSpecies) PrintCountedTaxa(prose, *trace.ReferenceSpecies, site);
+    if (trace.Column) PrintFrequencyList(prose, *trace.Column, site);
+}
+
+void PrintAssessment(const Prose& prose, const ExplainedAssessment& assessment, const AssessmentTrace* above,
+                     const AssessedSite& site, const Explanation& calculation) {
     const AssessmentTrace& trace = assessment.Trace;
     prose.Title(prose.Word(assessment.KAOnly ? words::AssessmentOfDiatoms : words::Assessment));
     PrintClass(prose, trace);
@@ -112,11 +131,8 @@ void PrintAssessment(const Prose& prose, const ExplainedAssessment& assessment, 
     if (trace.Overall && trace.Overall->Count > 0 && !ListMissing(trace)) PrintOverall(prose, trace);
     if (trace.Trophic) PrintIndexModule(prose, AssessmentModule::Trophic, *trace.Trophic, assessment);
     if (trace.Saprobic) PrintIndexModule(prose, AssessmentModule::Saprobic, *trace.Saprobic, assessment);
-    if (trace.ReferenceSpecies) {
-        PrintReferenceSpecies(prose, *trace.ReferenceSpecies, trace);
-        PrintCountedTaxa(prose, *trace.ReferenceSpecies, site);
-    }
-    if (trace.Column) PrintFrequencyList(prose, *trace.Column, site);
+    if (trace.ReferenceSpecies) PrintReferenceSpecies(prose, *trace.ReferenceSpecies, trace);
+    PrintFindings(prose, trace, above, site);
     PrintIndices(prose, assessment, calculation);
     PrintDifferences(prose, assessment);
 }
@@ -152,8 +168,10 @@ void PrintAssessments(std::ostream& out, const AssessedSite& site, const Explana
         prose.Line(0, prose.Word(words::NoAssessment));
         prose.Blank();
     }
+    const AssessmentTrace* above = nullptr;
     for (const ExplainedAssessment& assessment : site.Assessments) {
-        PrintAssessment(prose, assessment, site, calculation);
+        PrintAssessment(prose, assessment, above, site, calculation);
+        above = &assessment.Trace;
     }
 }
 

@@ -227,7 +227,7 @@ inline constexpr std::int16_t ValveSum = 5485;
 inline constexpr std::int16_t ValveSumCarried = 5486;
 inline constexpr std::int16_t OtherAlgae = 5487;
 inline constexpr std::int16_t Dazu = 5488;
-inline constexpr std::int16_t Zelle = 5489;
+inline constexpr std::int16_t SameList = 5489;
 inline constexpr std::int16_t NoMajorGroup = 5490;
 inline constexpr std::int16_t OutOfScope = 5491;
 inline constexpr std::int16_t TermsBelow = 5492;
@@ -235,6 +235,8 @@ inline constexpr std::int16_t AssessmentDifferences = 5493;
 inline constexpr std::int16_t NoAssessment = 5494;
 inline constexpr std::int16_t SiteNotReadable = 5495;
 inline constexpr std::int16_t ListNotBuilt = 5496;
+inline constexpr std::int16_t ClassWithoutIndex = 5497;
+inline constexpr std::int16_t ListIncomplete = 5498;
 }  // namespace words
 
 /// The text with its place holder "|" replaced.

@@ -30,6 +30,7 @@ struct StandShare {
     double SharePercent = 0;  ///< stand in the total cover
     double TaxonPercent = 0;  ///< taxon in the stand (`awaArtPrStelle_MI.DG_MI`)
     double Added = 0;         ///< product of both / 100
+    friend bool operator==(const StandShare&, const StandShare&) = default;
 };
 
 /// A finding on its way into the list.
@@ -43,6 +44,7 @@ struct ListedFinding {
     std::optional<double> Assigned;      ///< relative abundance that replaced the cell, percent
     std::vector<StandShare> FromStands;  ///< of another alga
     double Cell = 0;                     ///< the cell after this finding, percent
+    friend bool operator==(const ListedFinding&, const ListedFinding&) = default;
 };
 
 /// How the column of one sub-habitat came about.
@@ -52,6 +54,7 @@ struct FrequencyColumn {
     float DG_Gesamt = 0;           ///< total cover used, percent
     float DG_MA = 0;               ///< macroalgae cover, percent
     std::vector<ListedFinding> Findings;
+    friend bool operator==(const FrequencyColumn&, const FrequencyColumn&) = default;
 };
 
 // ---- lookups ------------------------------------------------------------------------------------------
@@ -129,6 +132,7 @@ struct CountedTaxon {
     std::int32_t TypA = 0;                ///< times it counts as reference species of type A
     /// And of type B, under the condition; 0 for a further row of the taxon with the same abundance.
     std::int32_t TypB = 0;
+    friend bool operator==(const CountedTaxon&, const CountedTaxon&) = default;
 };
 
 /// A column of `awaErgWRRL` that the reference species module wrote.

@@ -219,6 +219,17 @@ TEST(AssessmentText, SaysThatThereIsNoRatioWithoutIndex) {
     EXPECT_THAT(Printed(site), HasSubstr("    EQR = 0, denn der Index ist nicht über 0\n"));
 }
 
+TEST(AssessmentText, SaysThatAClassWithoutIndexSaysNothing) {
+    AssessedSite site = OneAssessment();
+    EXPECT_THAT(Printed(site), Not(HasSubstr("sagen nichts")));
+    RatioTrace& trophic = Trace(site).Trophic->Ratio;
+    trophic.Index = 0;
+    trophic.Unrounded.reset();
+    trophic.EQR = 0;
+    EXPECT_THAT(Printed(site), HasSubstr("  Im Modul Trophie gibt es keinen Index über 0: EQR 0 und seine "
+                                         "Klasse sagen nichts über das Gewässer.\n"));
+}
+
 TEST(AssessmentText, ShowsWhichTaxaCountAsWhat) {
     AssessedSite site = OneAssessment();
     std::string text = Printed(site);
@@ -245,16 +256,32 @@ TEST(AssessmentText, ShowsEachFindingOnItsWayIntoTheList) {
     EXPECT_THAT(text, HasSubstr("  Summe der Schalen: 400\n"
                                 "  Gesamtdeckung ohne Kieselalgen: 80 %\n"
                                 "  Deckung der Makroalgen: 40 %\n"));
-    EXPECT_THAT(
-        text,
-        HasSubstr("    Achnanthidium minutissimum  Brücke       300     75,0000                75,0000\n"));
+    EXPECT_THAT(text,
+                HasSubstr("    Achnanthidium minutissimum  Brücke       300     75,0000         75,0000\n"));
     EXPECT_THAT(text, HasSubstr("    Cladophora glomerata cf.  Brücke               40     50,0000        "
-                                "                                  60,0000\n"
+                                "                           60,0000\n"
                                 "                              Belag grün                  25,0000        "
                                 "      40   10,0000\n"));
     EXPECT_THAT(text, HasSubstr("    Fontinalis größer  ID_PS 5  Großgruppe zählt nach WRRL nicht\n"));
     Trace(site).Column->ValveSumCarried = true;
     EXPECT_THAT(Printed(site), HasSubstr("  Summe der Schalen: 400, übernommen vom Teilraum davor"));
+}
+
+TEST(AssessmentText, ShowsTheFindingsOfBothRunsOnce) {
+    AssessedSite site = OneAssessment();
+    site.Assessments.push_back(site.Assessments.front());
+    site.Assessments[1].KAOnly = true;
+    const auto lists = [&] {
+        const std::string text = Printed(site);
+        std::size_t found = 0;
+        for (std::size_t at = 0; (at = text.find("\nHäufigkeitsliste\n", at)) != std::string::npos; ++at)
+            ++found;
+        return found;
+    };
+    EXPECT_EQ(lists(), 1u);
+    EXPECT_THAT(Printed(site), HasSubstr("  Häufigkeitsliste und Taxa: wie oben.\n"));
+    site.Assessments[1].Trace.Column->Findings[1].Cell = 61;
+    EXPECT_EQ(lists(), 2u);
 }
 
 TEST(AssessmentText, SaysWhyAFindingIsNotListed) {
@@ -338,6 +365,7 @@ TEST(AssessmentText, TellsHowFarAFailedAssessmentCame) {
 TEST(AssessmentText, WithoutTheListShowsNoClass) {
     AssessedSite site = OneAssessment();
     Trace(site).ListBuilt = false;
+    EXPECT_THAT(Printed(site), HasSubstr("  Die Häufigkeitsliste wurde nicht fertig: "));
     Trace(site).Column.reset();
     EXPECT_THAT(Printed(site), HasSubstr("  Ökologischer Zustand: nicht berechnet\n"));
     EXPECT_THAT(Printed(site), HasSubstr("  Die Häufigkeitsliste hat keinen Platz für diesen Teilraum: "));
