@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "calc/Berechnung.h"
 #include "calc/Spur.h"
 #include "wrrl/Auswertung.h"
@@ -263,6 +265,11 @@ TEST_F(Bewertungslauf, StoresTheVariantAndTakesItsCovers) {
     EXPECT_EQ(Wert("IstWRRL", false, "awaErgProjekt"), Value(false));
     // 20 / 60, 10 / 60, 10 / 60 and the stand's 12 / 60 percent: 52 / 60 * 100
     EXPECT_NEAR(Wert("AbundanzArtniveauNKA").R8(), 52.0 / 60 * 100, 1e-4);
+    EXPECT_EQ(Wert("DG_Gesamt", false, "awaErgProjekt"), Value(60.0F));
+    // Weights: (40 + 10 + 20) / 60 * 100 + 20 + 150 = 286.667; with SI (60 + 20 + 50) / 60 * 100 + 40 + 240.
+    EXPECT_NEAR(Wert("SapIndex", false, "awaErgProjekt").R8(), 496.66667 / 286.66667, 1e-6);
+    // Weights: (40 + 10 + 10) / 60 * 100 + 40 + 120 = 260; with values (40 + 20 + 25) / 60 * 100 + 60 + 150.
+    EXPECT_NEAR(Wert("TI", false, "awaErgProjekt").R8(), 351.66667 / 260, 1e-6);
 }
 
 TEST_F(Bewertungslauf, ValenzGewichtChangesNothing) {
@@ -339,7 +346,94 @@ TEST_F(Bewertungslauf, ANullRatingEndsTheRunBeforeTheModules) {
     EXPECT_THAT(fehler->Description(), StartsWith("Berechnung_Saprobie: "));
     EXPECT_TRUE(spur.ListBuilt);
     EXPECT_FALSE(spur.ReferenceSpecies.has_value());
+    EXPECT_EQ(Wert("SQL_RefBioregion"), Value("(awaRefArt_TypB.ID_AL_Bioregion=3)"));
     EXPECT_TRUE(Wert("Taxagruppe").IsNull());
+    EXPECT_TRUE(Wert("SapIndex", false, "awaErgProjekt").IsNull());
+    EXPECT_EQ(gruppe, "vorher") << "the group is told by the reference species module alone";
+    // The list stands: taxon 1 has 20 of 50 percent.
+    EXPECT_EQ(db.Eins("SELECT A17 FROM awaArtenlisteHaeufigkeit WHERE ID_Art=1;"), Value(40.0));
+}
+
+struct Abbruch {
+    const char* Routine;  ///< in which the run ends
+    const char* Tabelle;  ///< where a Null stands in its way
+    const char* Feld;
+    const char* Bedingung;
+    std::vector<std::string> Indizes;  ///< columns of `awaErgProjekt` that stay
+    std::vector<std::string> Klassen;  ///< columns of `awaErgWRRL` that stay
+    const char* Gruppe;
+};
+
+// One column stands for those of its routine.
+TEST_F(Bewertungslauf, EndedByAFailureKeepsWhatTheRoutinesBeforeWrote) {
+    const Abbruch abbrueche[] = {
+        {"Berechnung_Saprobie", "awaModulStandard", "SI", "ID_ART=1", {}, {}, "vorher"},
+        {"Berechnung_Trophie", "awaModulStandard", "Trophiewert", "ID_ART=1", {"SapIndex"}, {}, "vorher"},
+        {"AuswertungWRRL_Referenzarten",
+         "awaWRRL_ERI",
+         "ErwarteterWert",
+         "Taxagruppe='Alle'",
+         {"SapIndex", "TI"},
+         {"Taxagruppe", "RI_Anzahl"},
+         "vorher"},
+        {"AuswertungWRRL_TI",
+         "awaWRRL_ETI",
+         "ErwarteterWert",
+         "Taxagruppe='Alle'",
+         {"SapIndex", "TI"},
+         {"Taxagruppe", "RI_Anzahl", "RI_OEZK3"},
+         "Alle"},
+        {"AuswertungWRRL_SI",
+         "awaWRRL_ESI",
+         "ErwarteterWert",
+         "Taxagruppe='Alle'",
+         {"SapIndex", "TI"},
+         {"Taxagruppe", "RI_Anzahl", "RI_OEZK3", "TI_OEZK3"},
+         "Alle"},
+        // The reference species are class 3, whose name is read last.
+        {"AuswertungWRRL_Gesamtbewertung",
+         "awaWRRL_Klasse",
+         "Bezeichnung",
+         "Klassenzahl=3",
+         {"SapIndex", "TI"},
+         {"Taxagruppe", "RI_Anzahl", "RI_OEZK3", "TI_OEZK3", "SI_OEZK3"},
+         "Alle"},
+    };
+    for (const auto& fall : abbrueche) {
+        SCOPED_TRACE(fall.Routine);
+        Berechnung_WRRLInit(db.Datenbank());
+        gruppe = "vorher";
+        const auto wert = db.Eins(std::string("SELECT ") + fall.Feld + " FROM " + fall.Tabelle + " WHERE " +
+                                  fall.Bedingung + ";");
+        db.Setze(fall.Tabelle, fall.Feld, fall.Bedingung);
+        const auto fehler = Fehlschlag([&] { Laufen(Auftrag()); });
+        ASSERT_TRUE(fehler.has_value());
+        EXPECT_EQ(fehler->Number(), ErrorNumber::InvalidUseOfNull);
+        EXPECT_THAT(fehler->Description(), StartsWith(std::string(fall.Routine) + ": "));
+        EXPECT_EQ(gruppe, fall.Gruppe);
+        const auto bleibt = [](const std::vector<std::string>& spalten, const std::string& spalte) {
+            return std::find(spalten.begin(), spalten.end(), spalte) != spalten.end();
+        };
+        for (const std::string spalte : {"SapIndex", "TI"})
+            EXPECT_EQ(!Wert(spalte, false, "awaErgProjekt").IsNull(), bleibt(fall.Indizes, spalte)) << spalte;
+        for (const std::string spalte : {"Taxagruppe", "RI_Anzahl", "RI_OEZK3", "TI_OEZK3", "SI_OEZK3",
+                                         "OEZK", "OEZK_Klasse", "TI_OEZK_Klasse"})
+            EXPECT_EQ(!Wert(spalte).IsNull(), bleibt(fall.Klassen, spalte)) << spalte;
+        db.Setze(fall.Tabelle, fall.Feld, std::string(fall.Feld) + " Is Null", wert);
+    }
+}
+
+TEST_F(Bewertungslauf, AfterTheInitOfTheCalculationAloneFailsAtTheSecondRow) {
+    Laufen(Auftrag());
+    const auto wrrl = db.Abzug("awaErgWRRL");
+    Berechnung_Init(db.Datenbank());
+    const auto fehler = Fehlschlag([&] { Laufen(Auftrag()); });
+    ASSERT_TRUE(fehler.has_value());
+    EXPECT_EQ(fehler->Number(), ErrorNumber::DuplicateKey);
+    EXPECT_THAT(fehler->Statement(), StartsWith("INSERT INTO awaErgWRRL"));
+    EXPECT_EQ(db.Abzug("awaErgWRRL"), wrrl);
+    EXPECT_EQ(Wert("IstWRRL", false, "awaErgProjekt"), Value(true)) << "the row made before stays";
+    EXPECT_TRUE(Wert("SapIndex", false, "awaErgProjekt").IsNull());
 }
 
 TEST(BewertungslaufOhneDatenbank, Fails) {
