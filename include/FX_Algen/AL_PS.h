@@ -69,8 +69,8 @@ public:
     void BioregionID(std::int32_t value) noexcept { kontext_.BioregionID = value; }
     /// Altitude step of the site, for the same.
     void Hoehenstufe(std::int16_t value) noexcept { kontext_.Hoehenstufe = value; }
-    /// Condition for the reference bioregions; kept in `awaErgWRRL.SQL_RefBioregion` and used by
-    /// `SetReport_TaxalisteWRRL`.
+    /// Condition over the columns of `awaRefArt_TypB` for `Berechnung_WRRL`, empty for none; kept in
+    /// `awaErgWRRL.SQL_RefBioregion` and used by `SetReport_TaxalisteWRRL`.
     void RefBioregion(std::string value) noexcept { kontext_.RefBioregion = std::move(value); }
     /// Display mode 0 to 3 of `Get_WRRLErgRecordset`.
     void WRRLErgAuswahlAnzeige(std::int16_t value) noexcept { kontext_.WRRLErgAuswahlAnzeige = value; }
@@ -291,8 +291,8 @@ public:
     void SetReportData_AuswertungSeston();
     /// Whether the reference tables hold the three expected values that the first assessment of `TeilraumID`
     /// needs, at `BioregionID` and `Hoehenstufe`; the verdict is stored in `ExportIsOK`. The frequency list
-    /// must hold the column of the sub-habitat: `Berechnung_WRRLArtenlisteTLR` comes before. Any failure of
-    /// the store gives false.
+    /// must hold the column of the sub-habitat: `Berechnung_WRRLArtenlisteTLR` comes before; without it the
+    /// answer is that for the diatoms alone. `KAOnly` is not read. Any failure of the store gives false.
     void Pruefung_WRRL();
 
 private:

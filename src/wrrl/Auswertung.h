@@ -50,8 +50,9 @@ std::string AuswertungWRRL_Referenzarten(const store::DatabasePtr& database, std
                                          std::string_view RefBioregion, bool DebugModus, bool KAOnly,
                                          ReferenceSpeciesTrace* spur = nullptr);
 
-/// Trophic module: EQR = (4 - index) / (4 - expected value), two decimals, at most 1. Fails with 11 where 4
-/// is expected, with 94 on a Null among what it reads, with 3021 without the row in `awaErgWRRL`.
+/// Trophic module: EQR = (4 - index) / (4 - expected value), two decimals, at most 1; 0 for an index of 0.
+/// Fails with 11 where 4 is expected of an index above 0, with 94 on a Null among what it uses, with 3021
+/// without the row in `awaErgWRRL`.
 void AuswertungWRRL_TI(const store::DatabasePtr& database, std::int32_t ID, std::int32_t BioregionID,
                        std::int16_t Hoehenstufe, std::string_view Algengruppe, bool DebugModus, bool KAOnly,
                        IndexModuleTrace* spur = nullptr);
@@ -62,7 +63,8 @@ void AuswertungWRRL_SI(const store::DatabasePtr& database, std::int32_t ID, std:
                        IndexModuleTrace* spur = nullptr);
 
 /// Overall class: the worst of the three. A module that alone is worst counts one class better where 0.03
-/// more EQR would make it so.
+/// more EQR would make it so. Fails with 94 on a Null among the classes used and their names, with 3021
+/// without the row in `awaErgWRRL`.
 void AuswertungWRRL_Gesamtbewertung(const store::DatabasePtr& database, std::int32_t ID, bool DebugModus,
                                     bool KAOnly, OverallTrace* spur = nullptr);
 
@@ -77,7 +79,8 @@ double Abundanz_Summe(const store::DatabasePtr& database, std::int32_t ID, std::
                       std::string_view Kriterium = {});
 
 /// Whether the reference tables hold the three expected values that the first run of a sub-habitat needs. The
-/// frequency list must hold its column. Any failure gives false.
+/// frequency list must hold its column; without it the answer is that for the group "KA". Any failure gives
+/// false.
 bool Pruefung_Referenzwerte(const store::DatabasePtr& database, std::int32_t ID, std::int32_t BioregionID,
                             std::int16_t Hoehenstufe, bool DebugModus);
 

@@ -102,7 +102,6 @@ TEST_F(BewertungOperationen, InitEmptiesBothTablesAndSetsTheHeading) {
     EXPECT_TRUE(Zeilen("awaErgProjekt").empty());
     EXPECT_TRUE(Zeilen("awaErgWRRL").empty());
     EXPECT_EQ(ps.Berechnung_Statustext(), "Algen-Berechnung der Indizes") << "German without a language";
-    ps.ResID(1000);
     ps.SprachID(20000);
     ps.Berechnung_WRRLInit();
     EXPECT_EQ(ps.Berechnung_Statustext(), "Algae - calculation of the indices");

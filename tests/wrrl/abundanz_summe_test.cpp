@@ -71,6 +71,17 @@ TEST_F(AbundanzSumme, ReferenceSpeciesNeedNoSpeciesLevelAndNoGroup) {
     EXPECT_EQ(Summe(6), 30);  // A: 10 of the genus; B: 20
 }
 
+TEST_F(AbundanzSumme, DiatomsAreThoseOfTheMajorGroupButReferenceSpeciesThoseThatTheListMarks) {
+    db.Ausfuehren("UPDATE awaArtenlisteHaeufigkeit SET IstKA=True WHERE ID_Art=1;");
+    EXPECT_EQ(Summe(4), 95);
+    EXPECT_EQ(Summe(5), 90);
+    EXPECT_EQ(Summe(6), 80);  // A: 60 of taxon 1; B: 20 of taxon 7
+    EXPECT_EQ(Summe(7), 100);
+    EXPECT_EQ(Taxazahl(db.Datenbank(), TR, 8, true), 4);
+    EXPECT_EQ(Taxazahl(db.Datenbank(), TR, 9, true), 2);
+    EXPECT_EQ(Taxazahl(db.Datenbank(), TR, 10, true), 2);
+}
+
 TEST_F(AbundanzSumme, OverNoRowsIsZero) {
     db.Ausfuehren("DELETE * FROM awaArtenlisteHaeufigkeit;");
     for (const std::int16_t modus : {1, 2, 3, 4, 5, 6, 7}) EXPECT_EQ(Summe(modus), 0) << modus;

@@ -78,6 +78,8 @@ TEST_F(Pruefung, TakesTheGroupAtItsBounds) {
     db.Ausfuehren("DELETE * FROM awaWRRL_ERI WHERE Taxagruppe='KA';");
     Anteil(1, 15);  // 15 + 20 + 10 + 5 = 50, 4 taxa
     EXPECT_TRUE(Pruefen()) << "Alle";
+    Anteil(1, 14.9999999);
+    EXPECT_TRUE(Pruefen()) << "49.9999999 becomes the 32-bit float 50, as in the assessment";
     Anteil(1, 14.9);
     EXPECT_FALSE(Pruefen()) << "KA";
 }

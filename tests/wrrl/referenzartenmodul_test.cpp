@@ -170,8 +170,11 @@ INSTANTIATE_TEST_SUITE_P(
     Bounds, ReferenzartenEinschraenkung,
     testing::Values(Einschraenkungsfall{"Alle, exactly 167", false, 60, 52, 167, false},
                     Einschraenkungsfall{"Alle, 166.9", false, 60, 51.9, 166.9, true},
+                    // As a 32-bit float this would be 167.
+                    Einschraenkungsfall{"Alle, just below 167", false, 60, 51.9999999, 166.9999999, true},
                     Einschraenkungsfall{"KA, exactly 85", true, 10, 20, 85, false},
                     Einschraenkungsfall{"KA, 84.9", true, 10, 19.9, 84.9, true},
+                    Einschraenkungsfall{"KA, just below 85", true, 10, 19.9999999, 84.9999999, true},
                     Einschraenkungsfall{"KA, the diatoms have 20 and the others 70", true, 35, 0, 90, false},
                     Einschraenkungsfall{"KA, complete diatoms", true, 0, 80, 135, false}));
 
@@ -353,6 +356,20 @@ TEST_F(Referenzartenmodul, InDebugModeShowsStatementsAndDecisionsInTheirOrder) {
                     "Bioregionstyp='Kalk-Ö';",
                     "OEZK: " + klasse + "EQRMin <= 0.64 and EQRMax >= 0.64;",
                     "OEZK3: " + klasse + "EQRMin <= 0.67 and EQRMax >= 0.67;"));
+}
+
+TEST_F(Referenzartenmodul, InDebugModeShowsTheGroupOfTheDiatomsAndARestriction) {
+    Anteil(1, 1);
+    Anteil(6, 10);
+    Lauf(false);
+    // 1 + 20 + 10 + 5 = 36 besides the diatoms; with 10 + 20 of these 66, below 85.
+    db.Datenbank();
+    Gegenueber person;
+    Bewerten(false, NurBioregion3, true);
+    const auto boxen = person.Texte();
+    ASSERT_EQ(boxen.size(), 7U);
+    EXPECT_EQ(boxen[1], "strGruppe: KA");
+    EXPECT_EQ(boxen[2], "bolBB: -1");
 }
 
 TEST_F(Referenzartenmodul, TraceTellsCountsInTheOrderInWhichTheyAreMade) {
