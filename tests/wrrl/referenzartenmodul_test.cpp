@@ -143,6 +143,18 @@ INSTANTIATE_TEST_SUITE_P(Bounds, ReferenzartenGruppe,
                                          Gruppenfall{"a sum that is 50 as a 32-bit float", 14.9999999, 5,
                                                      "Alle", 50, 4}));
 
+TEST_F(Referenzartenmodul, AFirstRunThatFallsBackToTheDiatomsRatesTheirShares) {
+    Anteil(4, 0);  // three taxa besides the diatoms
+    Lauf(false);
+    EXPECT_EQ(Bewerten(), "KA");
+    // As where the diatoms are asked for: 20 / (100 - (100 - 90)), 1 / 2 and 0.361111 / 0.5 = 0.722222.
+    EXPECT_EQ(Wert("RI_Abundanz"), Value(static_cast<float>(20.0 / 90)));
+    EXPECT_EQ(Wert("RI_Anzahl"), Value(0.5F));
+    EXPECT_EQ(Wert("RI_EW"), Value(0.5F));
+    EXPECT_EQ(Wert("RI_EQR"), Value(0.72F));
+    EXPECT_EQ(Wert("RI_OEZK").I4(), 2);
+}
+
 struct Einschraenkungsfall {
     const char* Warum;
     bool KAOnly;
