@@ -362,6 +362,10 @@ const dialect::Catalogue& CatalogueOf(Connection& connection) {
 
 const std::string& PathOf(const Connection& connection) { return connection.Name(); }
 
+bool AreOfOneFile(const Connection& one, const Connection& other) {
+    return one.File().Identity == other.File().Identity;
+}
+
 void SchemaChanged(Connection& connection) { connection.SchemaChanged(); }
 
 }  // namespace FX_Algen::store

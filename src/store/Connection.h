@@ -19,6 +19,8 @@ std::shared_ptr<Connection> OpenConnection(const std::string& path);
 Engine& EngineOf(Connection& connection);
 const dialect::Catalogue& CatalogueOf(Connection& connection);
 const std::string& PathOf(const Connection& connection);
+/// Whether both have the same file open, by whatever paths and in whatever threads.
+bool AreOfOneFile(const Connection& one, const Connection& other);
 /// Columns that a table can have at most so that all of them can be opened and changed.
 std::size_t MostColumns(Connection& connection);
 /// To be called after tables were created, altered or dropped behind the gateway's back.

@@ -28,17 +28,24 @@ using store::Value;
 /// The progress form, from its showing to its end, however that comes.
 class Fortschrittsanzeige {
 public:
-    explicit Fortschrittsanzeige(const Fortschritt& platz) : hWnd_(platz.hWnd) {
-        if (hWnd_ <= 0) return;
-        store::Port().ProgressShow(hWnd_, platz.Left, platz.Top, platz.Width, platz.Height);
-        Zeichnen(0);
-    }
+    Fortschrittsanzeige() = default;
     ~Fortschrittsanzeige() {
-        if (hWnd_ > 0) store::Port().ProgressHide(hWnd_);
+        try {
+            if (hWnd_ > 0) store::Port().ProgressHide(hWnd_);
+        } catch (...) {
+            // The list does not rest on the display, and nothing may leave here while another failure does.
+        }
     }
     Fortschrittsanzeige(const Fortschrittsanzeige&) = delete;
     Fortschrittsanzeige& operator=(const Fortschrittsanzeige&) = delete;
 
+    /// Nothing where the host gave no window.
+    void Zeigen(const Fortschritt& platz) {
+        if (platz.hWnd <= 0) return;
+        store::Port().ProgressShow(platz.hWnd, platz.Left, platz.Top, platz.Width, platz.Height);
+        hWnd_ = platz.hWnd;
+        Zeichnen(0);
+    }
     void Erledigt(std::size_t anzahl, std::size_t von) const {
         if (hWnd_ > 0) Zeichnen(static_cast<double>(anzahl) / static_cast<double>(von) * 100);
     }
@@ -46,7 +53,7 @@ public:
 private:
     static void Zeichnen(double prozent) { store::Port().ProgressDraw(Value(prozent).I2(), {}); }
 
-    std::int32_t hWnd_;
+    std::int32_t hWnd_ = 0;  ///< above 0 while it is shown
 };
 
 /// A sub-habitat of the scope with the covers of the variant in use.
@@ -289,17 +296,28 @@ std::optional<std::vector<Teilraum>> TeilraeumeOderKeine(const Listenauftrag& au
 }
 
 bool Aufbauen(const Listenauftrag& auftrag, const Fortschrittsanzeige& anzeige, FrequencyColumn* spur) {
+    const Listentabelle tabelle(Pfad(auftrag));
+    // The condition of a selection may look at the list, and must not find the rows of the last call there.
+    if (auftrag.AktUebersicht == "Rechenmanager" && !tabelle.NeuErstellen({})) return false;
     const auto teilraeume = TeilraeumeOderKeine(auftrag);
     std::vector<std::int32_t> schluessel;
     if (teilraeume)
         for (const auto& teilraum : *teilraeume) schluessel.push_back(teilraum.ID_TR);
     // The table is made with all of its columns at once, since each one added later costs as much as that.
     // Where the sub-habitats cannot be read, or there is none, it has the first four.
-    if (!Listentabelle(Pfad(auftrag)).NeuErstellen(schluessel)) return false;
-    if (schluessel.empty()) return false;
+    if (!tabelle.NeuErstellen(schluessel)) return false;
+    // In another database they would come on top of the rows of an older list.
+    if (schluessel.empty() || !tabelle.LiegtIn(auftrag.Datenbank)) return false;
 
     auto liste = LeereListe(auftrag, schluessel.size());
-    const bool fertig = Fuellen(auftrag, *teilraeume, liste, anzeige, spur);
+    bool fertig = false;
+    try {
+        fertig = Fuellen(auftrag, *teilraeume, liste, anzeige, spur);
+    } catch (...) {
+        // A failure of the display leaves the call; the table stays as far as it got.
+        Listentabelle::Schreiben(auftrag.Datenbank, liste, schluessel);
+        throw;
+    }
     Listentabelle::Schreiben(auftrag.Datenbank, liste, schluessel);
     return fertig;
 }
@@ -307,8 +325,9 @@ bool Aufbauen(const Listenauftrag& auftrag, const Fortschrittsanzeige& anzeige, 
 }  // namespace
 
 bool Artenliste_Haeufigkeit(const Listenauftrag& auftrag, FrequencyColumn* spur) {
-    const Fortschrittsanzeige anzeige(auftrag.Balken);
+    Fortschrittsanzeige anzeige;
     try {
+        anzeige.Zeigen(auftrag.Balken);
         return Aufbauen(auftrag, anzeige, spur);
     } catch (const Error&) {
         return false;

@@ -65,6 +65,10 @@ bool Listentabelle::NeuErstellen(const std::vector<std::int32_t>& schluessel) co
     return felder.size() == FesteSpalten().size() + schluessel.size();
 }
 
+bool Listentabelle::LiegtIn(const store::DatabasePtr& database) const {
+    return store::AreOfOneFile(*store::OpenConnection(pfad_), *database->SharedConnection());
+}
+
 void Listentabelle::Schreiben(const store::DatabasePtr& database, const Liste& liste,
                               const std::vector<std::int32_t>& schluessel) {
     std::vector<std::string> spalten{"ID_Art", "CF", "IstKA", "MAalsMI"};

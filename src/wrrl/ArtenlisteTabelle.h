@@ -21,6 +21,8 @@ public:
     /// False where the store takes fewer columns (those that it takes are there then), or, with a box, where
     /// the table cannot be dropped or made.
     bool NeuErstellen(const std::vector<std::int32_t>& schluessel) const;
+    /// Whether the path leads to this very database, under whatever name.
+    bool LiegtIn(const store::DatabasePtr& database) const;
     /// Writes the rows of the list, whole.
     static void Schreiben(const store::DatabasePtr& database, const Liste& liste,
                           const std::vector<std::int32_t>& schluessel);

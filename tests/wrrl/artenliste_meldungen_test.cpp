@@ -1,5 +1,9 @@
 // What a person sees of the frequency list while it is made: debug boxes and the progress form; and what
 // those who explain it are told.
+#include <stdexcept>
+
+#include "FX_Algen/Error.h"
+#include "store/ThreadValues.h"
 #include "wrrl/Listenprobe.h"
 
 namespace FX_Algen {
@@ -98,6 +102,99 @@ TEST_F(ArtenlisteMeldungen, TakeTheProgressFormAwayOnAnyFailure) {
     auftrag.Balken.hWnd = -1;
     EXPECT_FALSE(Artenliste_Haeufigkeit(auftrag));
     EXPECT_THAT(gegenueber.Balken(), IsEmpty());
+}
+
+/// A display that fails at one of its calls, and notes those of the progress form.
+class KaputteAnzeige : public store::RecordingMessages {
+public:
+    explicit KaputteAnzeige(std::string stelle, bool alsFehler)
+        : stelle_(std::move(stelle)), alsFehler_(alsFehler) {}
+
+    store::Answer Box(std::string_view titel, std::string_view text, store::Buttons knoepfe,
+                      store::Symbol symbol) override {
+        Rufen(std::string(text).substr(0, 5));
+        return RecordingMessages::Box(titel, text, knoepfe, symbol);
+    }
+    void ProgressShow(std::int32_t, float, float, float, float) override { Rufen("show"); }
+    void ProgressDraw(std::int16_t prozent, std::string_view) override { Rufen(std::to_string(prozent)); }
+    void ProgressHide(std::int32_t) override { Rufen("hide"); }
+
+    std::vector<std::string> Rufe;
+
+private:
+    void Rufen(const std::string& ruf) {
+        Rufe.push_back(ruf);
+        if (ruf != stelle_) return;
+        if (alsFehler_) throw Error(ErrorNumber::TypeMismatch, "Öde Anzeige");
+        throw std::runtime_error("Öde Anzeige");
+    }
+
+    std::string stelle_;
+    bool alsFehler_;
+};
+
+TEST_F(ArtenlisteMeldungen, OfADisplayThatFailsLeaveWhatWasComputedAndTakeTheFormAway) {
+    // In 18 taxon 1 covers 3 of 10 percent.
+    db.Teilraum(18, 3, {10, 0, 10, 0});
+    db.Stelle(6, 18);
+    db.Fund(6, 1, {.DG_MA = 3});
+    struct Fall {
+        std::string Stelle;
+        std::vector<std::string> Rufe;
+        std::string Taxon1;  ///< its cells afterwards; none where the list of before stands
+    };
+    const std::string vorher = "ID_Art=1;A17=99;";
+    const std::vector<Fall> faelle = {
+        {"show", {"show"}, vorher},
+        {"0", {"show", "0", "hide"}, vorher},
+        {"50", {"show", "0", "50", "hide"}, "ID_Art=1;A17=30;A18=0;"},
+        {"100", {"show", "0", "50", "100", "hide"}, "ID_Art=1;A17=30;A18=30;"},
+    };
+    for (const auto& fall : faelle)
+        for (const bool alsFehler : {false, true}) {
+            auto auftrag = Auftrag();
+            auftrag.TeilraumID = 17;
+            ASSERT_TRUE(Artenliste_Haeufigkeit(auftrag));
+            db.Datenbank()->Execute("UPDATE awaArtenlisteHaeufigkeit SET A17=99;");
+            auftrag.TeilraumID = 0;
+            auftrag.Balken.hWnd = 7;
+            const auto anzeige = std::make_shared<KaputteAnzeige>(fall.Stelle, alsFehler);
+            const auto ganz = std::exchange(store::Thread().Port, anzeige);
+            if (alsFehler) {
+                EXPECT_FALSE(Artenliste_Haeufigkeit(auftrag)) << fall.Stelle;
+            } else {
+                EXPECT_THROW(Artenliste_Haeufigkeit(auftrag), std::runtime_error) << fall.Stelle;
+            }
+            store::Thread().Port = ganz;
+            EXPECT_EQ(anzeige->Rufe, fall.Rufe) << fall.Stelle;
+            const std::string felder = fall.Taxon1 == vorher ? "ID_Art, A17" : "ID_Art, A17, A18";
+            EXPECT_THAT(db.Abzug("SELECT " + felder + " FROM awaArtenlisteHaeufigkeit WHERE ID_Art=1;"),
+                        ElementsAre(fall.Taxon1))
+                << fall.Stelle;
+        }
+}
+
+TEST_F(ArtenlisteMeldungen, ThatCannotBeTakenAwayDoNotEndTheList) {
+    for (const bool alsFehler : {false, true}) {
+        auto auftrag = Auftrag();
+        auftrag.Balken.hWnd = 7;
+        const auto ganz =
+            std::exchange(store::Thread().Port, std::make_shared<KaputteAnzeige>("hide", alsFehler));
+        EXPECT_TRUE(Artenliste_Haeufigkeit(auftrag));
+        store::Thread().Port = ganz;
+        EXPECT_DOUBLE_EQ(Zelle(1, 17), 30);
+    }
+}
+
+TEST_F(ArtenlisteMeldungen, OfABoxThatFailsTakeTheFormAway) {
+    auto auftrag = MitDebug();
+    auftrag.Balken.hWnd = 7;
+    const auto anzeige = std::make_shared<KaputteAnzeige>("Mikro", false);
+    const auto ganz = std::exchange(store::Thread().Port, anzeige);
+    EXPECT_THROW(Artenliste_Haeufigkeit(auftrag), std::runtime_error);
+    store::Thread().Port = ganz;
+    EXPECT_THAT(anzeige->Rufe, ElementsAre("show", "0", "TLR: ", "strSQ", "Makro", "Mikro", "hide"));
+    EXPECT_DOUBLE_EQ(Zelle(1, 17), 0) << "its row was not updated yet";
 }
 
 // ---- trace ---------------------------------------------------------------------------------------------

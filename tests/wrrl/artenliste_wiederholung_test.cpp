@@ -1,8 +1,10 @@
 // The list reads the same after every call as if it were made from nothing, whatever is kept between calls.
 #include <filesystem>
+#include <functional>
 #include <thread>
 #include <tuple>
 
+#include "store/Allgemein.h"
 #include "wrrl/Listenprobe.h"
 
 namespace FX_Algen {
@@ -12,6 +14,17 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::Not;
 using testing::StartsWith;
+
+/// One more database with the sample.
+class ZweiteProbe : public Listenprobe {
+public:
+    using Listenprobe::Bewertung;
+    using Listenprobe::db;
+    using Listenprobe::Tabelle;
+
+private:
+    void TestBody() override {}
+};
 
 class ArtenlisteWiederholung : public Listenprobe {
 protected:
@@ -52,6 +65,7 @@ protected:
         {
             auftrag.Datenbank = store::Workspace().OpenDatabase(kopie);
             auftrag.DBName = kopie;
+            EXPECT_TRUE(Allgemein::Tabelle_Loeschen(kopie, "awaArtenlisteHaeufigkeit"));
             EXPECT_TRUE(Artenliste_Haeufigkeit(auftrag));
             const auto zeilen = auftrag.Datenbank->OpenRecordset("SELECT * FROM awaArtenlisteHaeufigkeit;");
             for (; !zeilen->Eof(); zeilen->MoveNext()) {
@@ -145,6 +159,188 @@ TEST_F(ArtenlisteWiederholung, SeesTheChangesOfASecondConnectionBetweenTwoCalls)
     EXPECT_THAT(danach("INSERT INTO awaModulStandard (ID_ART, Lebensform) VALUES (7, 1);"),
                 ElementsAre("1", "1?", "2", "3", "5", "6", "7"));
     EXPECT_THAT(danach("UPDATE Teilraum SET Anzeige=False WHERE ID_TR=18;"), ElementsAre("1", "2", "3"));
+}
+
+TEST_F(ArtenlisteWiederholung, SeesChangesByWhateverRoadTheyCome) {
+    Projektdatenbank andere;
+    andere.Datenbank();
+    const auto verweis = db.Pfad() + ".verweis";
+    std::filesystem::create_symlink(db.Pfad(), verweis);
+    const auto satz = [&](const std::string& auswahl) { return db.Datenbank()->OpenRecordset(auswahl); };
+    struct Weg {
+        std::string Name;
+        std::function<void()> Tun;
+        bool Sichtbar = true;
+    };
+    const std::vector<Weg> wege = {
+        {"AddNew",
+         [&] {
+             const auto fund = satz("SELECT * FROM awaArtPrStelle");
+             fund->AddNew();
+             fund->Collect("ID_PS", 6);
+             fund->Collect("ID_ART", 1);
+             fund->Collect("CF", true);
+             fund->Update();
+         }},
+        {"Edit",
+         [&] {
+             const auto werte = satz("SELECT * FROM awaModulStandard WHERE ID_ART=4");
+             werte->Edit();
+             werte->Collect("Lebensform", 2);
+             werte->Update();
+         }},
+        {"Delete", [&] { satz("SELECT * FROM awaArtPrStelle WHERE ID_PS=6 AND ID_ART=1")->Delete(); }},
+        {"INSERT IN from another database",
+         [&] {
+             andere.Datenbank()->Execute("INSERT INTO awaArtPrStelle (ID_PS, ID_Art, CF) IN '" + db.Pfad() +
+                                         "' VALUES (6, 2, True);");
+         }},
+        {"INSERT IN with the own path",
+         [&] {
+             db.Datenbank()->Execute("INSERT INTO awaArtPrStelle (ID_PS, ID_Art, CF) IN '" + verweis +
+                                     "' VALUES (6, 3, True);");
+         }},
+        {"through a link",
+         [&] {
+             store::Workspace().OpenDatabase(verweis)->Execute(
+                 "UPDATE awaModulStandard SET Lebensform=1 WHERE ID_ART=4;");
+         }},
+        {"another program",
+         [&] { store::OpenEngine(db.Pfad(), false)->Run("DELETE FROM awaArtPrStelle WHERE ID_ART=2"); }},
+        {"a trigger that another program made",
+         [&] {
+             store::OpenEngine(db.Pfad(), false)
+                 ->Run(
+                     "CREATE TRIGGER Merker AFTER INSERT ON awaErgProjekt BEGIN UPDATE awaModulStandard SET "
+                     "Lebensform=2 WHERE ID_ART=3; END");
+         },
+         false},
+        {"what it does", [&] { db.Datenbank()->Execute("INSERT INTO awaErgProjekt (ID) VALUES (17);"); }},
+        {"a site whose findings go with it",
+         [&] { db.Datenbank()->Execute("DELETE * FROM awaPrStelle WHERE ID_PS=6;"); }},
+    };
+    auto auftrag = Bewertung();
+    auftrag.TeilraumID = 17;
+    auto vorher = Bauen(auftrag);
+    for (const auto& weg : wege) {
+        weg.Tun();
+        auftrag.DBName = weg.Name.size() % 2 == 0 ? db.Pfad() : verweis;
+        const auto nachher = Bauen(auftrag);
+        EXPECT_EQ(nachher, VonNeuem(auftrag)) << weg.Name;
+        EXPECT_EQ(nachher != vorher, weg.Sichtbar) << weg.Name;
+        vorher = nachher;
+    }
+    std::filesystem::remove(verweis);
+}
+
+TEST_F(ArtenlisteWiederholung, IsThatOfItsScopeWhateverTheScopeBeforeWas) {
+    db.Zweig(8);
+    db.Teilraum(80, 8, {60, 40, 50, 30});
+    db.Stelle(80, 80);
+    db.Fund(80, 6, {.DG_MA = 12});
+    db.Fund(80, 5, {.DG_MA = 12, .CF = true});
+    db.Anzeige(17, false);
+    db.Auswahl(1, "Projekt", "Projekt.ID_PRJ>0", {8});
+    db.Auswahl(2, "Teilraum", "Teilraum.ID_TR>0", {18});
+    std::vector<Listenauftrag> umfaenge;
+    for (const bool wrrl : {false, true}) {
+        const auto dazu = [&](const std::string& art, std::int32_t id, bool markierte, std::int32_t tr) {
+            auto auftrag = Auftrag();
+            auftrag.IstWRRLBerechnung = wrrl;
+            auftrag.AktUebersicht = art;
+            auftrag.ProjektID = id;
+            auftrag.USTAuswahl = markierte;
+            auftrag.TeilraumID = tr;
+            umfaenge.push_back(auftrag);
+        };
+        dazu("Projekt", 3, false, 18);
+        dazu("Projekt", 3, true, 18);
+        dazu("Projekt", 8, false, 0);
+        dazu("UStelle", 8, false, 0);
+        if (wrrl) continue;
+        dazu("UStelle", 3, false, 0);
+        dazu("Rechenmanager", 1, false, 0);
+        dazu("Rechenmanager", 2, false, 0);
+    }
+    std::vector<std::vector<std::string>> erwartet;
+    for (const auto& umfang : umfaenge) {
+        Bauen(umfang);
+        erwartet.push_back(VonNeuem(umfang));
+    }
+    for (std::size_t vorher = 0; vorher < umfaenge.size(); ++vorher)
+        for (std::size_t danach = 0; danach < umfaenge.size(); ++danach) {
+            EXPECT_EQ(Bauen(umfaenge[vorher]), erwartet[vorher]) << vorher;
+            EXPECT_EQ(Bauen(umfaenge[danach]), erwartet[danach]) << danach << " behind " << vorher;
+        }
+}
+
+TEST_F(ArtenlisteWiederholung, OfASelectionFollowsItsConditionAndItsMembers) {
+    db.Auswahl(1, "Teilraum", "Teilraum.ID_TR>0", {17});
+    auto auftrag = Auftrag();
+    auftrag.AktUebersicht = "Rechenmanager";
+    auftrag.ProjektID = 1;
+    Bauen(auftrag);
+    EXPECT_THAT(Taxa(), ElementsAre("1", "2", "3", "4"));
+    for (const bool fremd : {false, true}) {
+        Aendern("UPDATE RechenProjektListe SET ID_Ebene=18;", fremd);
+        Bauen(auftrag);
+        EXPECT_THAT(Taxa(), ElementsAre("5", "6", "7"));
+        Aendern("UPDATE RechenProjekt SET RechManSQL='awaPrStelle.ID_PS<6';", fremd);
+        EXPECT_FALSE(Artenliste_Haeufigkeit(auftrag)) << "no member meets the condition";
+        Aendern("UPDATE RechenProjektListe SET ID_Ebene=17;", fremd);
+        Bauen(auftrag);
+        EXPECT_THAT(Taxa(), ElementsAre("1", "2", "3", "4"));
+        Aendern("UPDATE RechenProjekt SET RechManSQL='Teilraum.ID_TR>0';", fremd);
+    }
+}
+
+TEST_F(ArtenlisteWiederholung, FindsNoRowsOfTheCallBeforeInTheConditionOfASelection) {
+    // Taxon 17 stands in the list as soon as sub-habitat 17 does.
+    db.Art(17, {.ID_GRGR = 129});
+    db.Fund(5, 17, {.DG_MA = 3});
+    db.Auswahl(1, "Teilraum", "Teilraum.ID_TR NOT IN (SELECT ID_Art FROM awaArtenlisteHaeufigkeit)",
+               {17, 18});
+    auto auftrag = Auftrag();
+    auftrag.AktUebersicht = "Rechenmanager";
+    auftrag.ProjektID = 1;
+    for (int mal = 0; mal < 3; ++mal) {
+        EXPECT_EQ(Bauen(auftrag), VonNeuem(auftrag)) << mal;
+        EXPECT_THAT(Spalten(), ElementsAre("ID_Art", "CF", "IstKA", "MAalsMI", "A17", "A18")) << mal;
+        EXPECT_THAT(Taxa(), ElementsAre("1", "2", "3", "4", "5", "6", "7", "17")) << mal;
+    }
+}
+
+TEST_F(ArtenlisteWiederholung, OfTwoDatabasesInTurnsIsThatOfEach) {
+    ZweiteProbe zweite;
+    zweite.db.Ausfuehren("DELETE * FROM awaArtPrStelle WHERE ID_ART=2;");
+    const auto hier = Bauen(Bewertung());
+    const auto dort = [&] {
+        EXPECT_TRUE(Artenliste_Haeufigkeit(zweite.Bewertung()));
+        return zweite.Tabelle();
+    };
+    // 10 of 10 valves; the other cells as in the assessment of the sample.
+    const auto erwartet =
+        ElementsAre("ID_Art=1;CF=0;IstKA=0;MAalsMI=0;A17=35;", "ID_Art=3;CF=0;IstKA=-1;MAalsMI=0;A17=100;",
+                    "ID_Art=4;CF=0;IstKA=0;MAalsMI=0;A17=10;");
+    EXPECT_THAT(dort(), erwartet);
+    EXPECT_EQ(Bauen(Bewertung()), hier);
+    db.Datenbank()->Execute("DELETE * FROM awaArtPrStelle WHERE ID_ART=3;");
+    EXPECT_THAT(dort(), erwartet);
+    EXPECT_THAT(Bauen(Bewertung()), Not(Contains(StartsWith("ID_Art=3;"))));
+    EXPECT_THAT(dort(), erwartet);
+}
+
+TEST_F(ArtenlisteWiederholung, WritesNoRowsOnTopOfOthersWhereThePathLeadsToAnotherDatabase) {
+    const auto vorher = Bauen(Bewertung());
+    Projektdatenbank andere;
+    andere.Datenbank();
+    auto auftrag = Bewertung();
+    auftrag.DBName = andere.Pfad();
+    EXPECT_FALSE(Artenliste_Haeufigkeit(auftrag));
+    EXPECT_EQ(Tabelle(), vorher);
+    EXPECT_TRUE(andere.Abzug("SELECT * FROM awaArtenlisteHaeufigkeit;").empty());
+    EXPECT_EQ(andere.Datenbank()->OpenRecordset("awaArtenlisteHaeufigkeit")->Fields().back().Name, "A18");
+    EXPECT_EQ(Bauen(Bewertung()), vorher);
 }
 
 TEST_F(ArtenlisteWiederholung, LooksAtTheConditionOfASelectionEachTime) {
