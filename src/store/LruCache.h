@@ -19,7 +19,7 @@ public:
     explicit LruCache(std::size_t limit) : limit_(limit) {}
 
     /// The entry of that key for which `fits(entry)` holds; nullptr if there is none. It stays where it is
-    /// until the next `Add` or `Clear`.
+    /// until the next `Add`, `EraseIf` or `Clear`.
     template <class Fits>
     Entry* Find(std::string_view key, Fits fits) {
         auto [at, end] = places_.equal_range(key);
@@ -42,7 +42,7 @@ public:
         return entries_.front().second;
     }
 
-    /// An entry that is not kept: it stays where it is until the next `Pass` or `Clear`.
+    /// An entry that is not kept: it stays where it is until the next `Pass`, `EraseIf` or `Clear`.
     Entry& Pass(Entry entry) { return passing_.emplace(std::move(entry)); }
 
     /// Drops the entries for which `drop(key, entry)` holds, and the one that is not kept.

@@ -428,5 +428,40 @@ TEST_F(ArtenlisteWiederholung, MakesTheTableAnewWhereItIsNotQuiteTheSame) {
     }
 }
 
+TEST_F(ArtenlisteWiederholung, StandsAsItWasWhereItCannotBeDropped) {
+    auto auftrag = Bewertung();
+    Bauen(auftrag);
+    // A row of another table needs one of the list.
+    store::OpenEngine(db.Pfad(), false)
+        ->Run(
+            "CREATE UNIQUE INDEX Nebenbei ON awaArtenlisteHaeufigkeit (ID_Art);"
+            "CREATE TABLE Anhängsel (ID_Art INTEGER REFERENCES awaArtenlisteHaeufigkeit (ID_Art));"
+            "INSERT INTO Anhängsel VALUES (2);");
+    const auto vorher = Tabelle();
+    Gegenueber gegenueber;
+    auftrag.DebugModus = true;
+    auftrag.Balken.hWnd = 7;
+    for (const std::string umfang : {"Projekt", "UStelle"}) {
+        auftrag.AktUebersicht = umfang;
+        EXPECT_FALSE(Artenliste_Haeufigkeit(auftrag));
+        EXPECT_THAT(gegenueber.Texte(), ElementsAre("Fehler beim Tabellenlöschen"));
+        EXPECT_THAT(gegenueber.Balken(), ElementsAre("show 7 0 0 0 0", "draw 0", "hide 7"));
+        EXPECT_EQ(Tabelle(), vorher);
+    }
+    db.Datenbank()->Execute("DELETE * FROM [Anhängsel];");
+    EXPECT_TRUE(Artenliste_Haeufigkeit(auftrag));
+}
+
+TEST_F(ArtenlisteWiederholung, IsMadeAnewWhereItCannotBeEmptied) {
+    const auto auftrag = Bewertung();
+    const auto vorher = Bauen(auftrag);
+    // Rows cannot be deleted for want of the key that this refers to; the table can be dropped.
+    store::OpenEngine(db.Pfad(), false)
+        ->Run("CREATE TABLE Anhängsel (ID_Art INTEGER REFERENCES awaArtenlisteHaeufigkeit (ID_Art));");
+    Gegenueber gegenueber;
+    EXPECT_EQ(Bauen(auftrag), vorher);
+    EXPECT_THAT(gegenueber.Texte(), testing::IsEmpty());
+}
+
 }  // namespace
 }  // namespace FX_Algen
