@@ -126,5 +126,18 @@ TEST_F(OtherFile, AColumnThatAnotherProgramMadeOfAnotherKindTakesItsValues) {
     EXPECT_EQ(OtherProgram(report).One("SELECT ID FROM rpt_Liste"), "2.5");
 }
 
+TEST_F(OtherFile, ATableOfTheSameNameThereIsNotTakenForOneThatIsGoneHere) {
+    const auto report = Report("Bericht.db");
+    OtherProgram(path_).Run("CREATE TABLE rpt_Liste(ID INTEGER, Bezeichnung TEXT, Anzeige BOOLEAN)");
+    const std::string empty = "DELETE * FROM rpt_Liste;";
+    db_->Execute(empty);
+    db_->Execute(InsertInto(report));
+    OtherProgram(path_).Run("DROP TABLE rpt_Liste");
+    EXPECT_EQ(FailureNumber([&] { db_->Execute(empty); }), ErrorNumber::UnknownTable);
+    EXPECT_EQ(FailureNumber([&] { db_->OpenRecordset("SELECT * FROM rpt_Liste"); }),
+              ErrorNumber::UnknownTable);
+    EXPECT_EQ(Count(report), "2");
+}
+
 }  // namespace
 }  // namespace FX_Algen::store
