@@ -21,7 +21,21 @@ std::string Source(const ReferenceLookup& lookup) {
     return lookup.Table + " (" + keys + ")";
 }
 
+/// A number inside a formula; a negative one in brackets.
+std::string Operand(const Prose& prose, float value) {
+    const std::string text = prose.Exact(value);
+    return value < 0 ? "(" + text + ")" : text;
+}
+
 void PrintLookup(const Prose& prose, std::int16_t caption, const ReferenceLookup& lookup) {
+    if (lookup.Result.IsNull()) {
+        // Either the row is there and empty, or its statement failed; nothing was put in its place.
+        prose.Line(4, prose.Word(caption) + ": " +
+                          (lookup.Found
+                               ? prose.Word(words::LookedUp, {prose.Word(words::NotEntered), Source(lookup)})
+                               : prose.Word(words::NotReached)));
+        return;
+    }
     const std::int16_t word = lookup.Found ? words::LookedUp : words::RowMissing;
     prose.Line(4, prose.Word(caption) + ": " +
                       (lookup.Found ? prose.Word(word, {prose.Exact(lookup.Result), Source(lookup)})
@@ -84,6 +98,9 @@ std::string NameOfClass(const AssessmentTrace& trace, AssessmentModule which) {
     return trace.Overall ? trace.Overall->ClassNames[static_cast<std::size_t>(which)] : std::string();
 }
 
+/// Whether the module came as far as to its index: one that fails at the expected value holds 0 there.
+bool UsesIndex(const RatioTrace& ratio) { return ratio.Index != 0 || !ratio.Class.Lookup.Table.empty(); }
+
 /// The measured index with its sums, as the run calculated it.
 void PrintIndexLine(const Prose& prose, const IndexModuleTrace& module,
                     const ExplainedAssessment& assessment) {
@@ -103,7 +120,7 @@ void PrintIndexLine(const Prose& prose, const IndexModuleTrace& module,
     }
     prose.Line(4, line);
     // The module takes the first row of the sub-habitat, whichever run left it.
-    if (!index->Result.IsNull() && index->Result.R4() != module.Ratio.Index) {
+    if (UsesIndex(module.Ratio) && !index->Result.IsNull() && index->Result.R4() != module.Ratio.Index) {
         prose.Line(6, prose.Word(words::IndexOfOtherRow, {prose.Exact(module.Ratio.Index)}));
     }
 }
@@ -141,8 +158,8 @@ void PrintIndexModule(const Prose& prose, AssessmentModule which, const IndexMod
         PrintIndexLine(prose, module, assessment);
     }
     if (ratio.Unrounded) {
-        prose.Line(4, "EQR = (4 - " + prose.Exact(ratio.Index) + ") / (4 - " +
-                          prose.Exact(ratio.ExpectedValue) + ") = " + Rounded(prose, ratio));
+        prose.Line(4, "EQR = (4 - " + Operand(prose, ratio.Index) + ") / (4 - " +
+                          Operand(prose, ratio.ExpectedValue) + ") = " + Rounded(prose, ratio));
     } else if (!ratio.Class.Lookup.Table.empty()) {
         prose.Line(4, prose.Word(words::NoRatio));
     }
@@ -166,8 +183,8 @@ void PrintReferenceSpecies(const Prose& prose, const ReferenceSpeciesTrace& spec
         PrintExpectedValue(prose, species.ExpectedValue, ratio.ExpectedValue);
     }
     if (ratio.Unrounded) {
-        prose.Line(4, "EQR = " + prose.Exact(ratio.Index) + " / " + prose.Exact(ratio.ExpectedValue) + " = " +
-                          Rounded(prose, ratio));
+        prose.Line(4, "EQR = " + Operand(prose, ratio.Index) + " / " + Operand(prose, ratio.ExpectedValue) +
+                          " = " + Rounded(prose, ratio));
     }
     PrintClasses(prose, ratio, !ratio.Raised.Lookup.Table.empty());
     prose.Blank();

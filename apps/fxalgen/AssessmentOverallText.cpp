@@ -1,5 +1,6 @@
 // Group, restriction and overall class in words.
 #include <array>
+#include <optional>
 #include <ostream>
 
 #include "fxalgen/AssessmentParts.h"
@@ -25,20 +26,40 @@ std::int16_t WordOf(AssessmentModule module) {
 /// A module as the overall class sees it.
 struct Module {
     AssessmentModule Which;
-    const RatioTrace* Ratio;  ///< null where the module was not reached
+    const RatioTrace* Ratio;               ///< null where the module was not reached
+    const ReferenceLookup* ExpectedValue;  ///< as `Ratio`
 };
 
+template <typename Trace>
+Module ModuleOf(AssessmentModule which, const std::optional<Trace>& trace) {
+    if (!trace) return {which, nullptr, nullptr};
+    return {which, &trace->Ratio, &trace->ExpectedValue};
+}
+
 std::array<Module, 3> Modules(const AssessmentTrace& trace) {
-    return {{{AssessmentModule::Trophic, trace.Trophic ? &trace.Trophic->Ratio : nullptr},
-             {AssessmentModule::Saprobic, trace.Saprobic ? &trace.Saprobic->Ratio : nullptr},
-             {AssessmentModule::ReferenceSpecies,
-              trace.ReferenceSpecies ? &trace.ReferenceSpecies->Ratio : nullptr}}};
+    return {{ModuleOf(AssessmentModule::Trophic, trace.Trophic),
+             ModuleOf(AssessmentModule::Saprobic, trace.Saprobic),
+             ModuleOf(AssessmentModule::ReferenceSpecies, trace.ReferenceSpecies)}};
+}
+
+/// The tables have no expected value, and the ratio rests on the -1 in its place.
+bool WithoutExpectedValue(const Module& module) {
+    return module.ExpectedValue != nullptr && !module.ExpectedValue->Table.empty() &&
+           !module.ExpectedValue->Found;
 }
 
 /// An index of 0 is none, mostly for want of findings with a weight, and its ratio is set, not measured.
 bool WithoutIndex(const Module& module) {
     return module.Which != AssessmentModule::ReferenceSpecies && module.Ratio != nullptr &&
            module.Ratio->Index == 0 && module.Ratio->Class.Hit;
+}
+
+/// Why the overall class says less than it seems to: what it counts of this module is none, or nothing.
+std::optional<std::int16_t> Doubt(const OverallTrace& overall, const Module& module) {
+    if (overall.Classes[static_cast<std::size_t>(module.Which)] < 0) return words::ModuleWithoutClass;
+    if (WithoutExpectedValue(module)) return words::ClassWithoutExpectedValue;
+    if (WithoutIndex(module)) return words::ClassWithoutIndex;
+    return std::nullopt;
 }
 
 std::string ClassNumber(const Prose& prose, std::int16_t OEZK) { return OEZK < 0 ? "-" : prose.Exact(OEZK); }
@@ -67,10 +88,11 @@ void PrintModuleTable(const Prose& prose, const AssessmentTrace& trace) {
             continue;
         }
         const RatioTrace& ratio = *modules[i].Ratio;
-        table.AddRow({name, prose.Exact(ratio.Index), prose.Exact(ratio.ExpectedValue),
-                      prose.Exact(ratio.EQR), OEZK, overall.ClassNames[i],
-                      ClassNumber(prose, ratio.Raised.OEZK), Distance(prose, NextBetterClass(ratio)),
-                      Distance(prose, NextWorseClass(ratio))});
+        const std::string expected = WithoutExpectedValue(modules[i]) ? prose.Word(words::NotAvailable)
+                                                                      : prose.Exact(ratio.ExpectedValue);
+        table.AddRow({name, prose.Exact(ratio.Index), expected, prose.Exact(ratio.EQR), OEZK,
+                      overall.ClassNames[i], ClassNumber(prose, ratio.Raised.OEZK),
+                      Distance(prose, NextBetterClass(ratio)), Distance(prose, NextWorseClass(ratio))});
     }
     table.Print(prose.Out(), 2);
     prose.Blank();
@@ -174,8 +196,9 @@ void PrintOverall(const Prose& prose, const AssessmentTrace& trace) {
     }
     prose.Line(2, Softening(prose, overall));
     for (const Module& module : Modules(trace)) {
-        if (!WithoutIndex(module)) continue;
-        prose.Line(2, prose.Word(words::ClassWithoutIndex, {prose.Word(WordOf(module.Which))}));
+        if (const auto doubt = Doubt(overall, module)) {
+            prose.Line(2, prose.Word(*doubt, {prose.Word(WordOf(module.Which))}));
+        }
     }
     PrintDistances(prose, trace);
     prose.Blank();

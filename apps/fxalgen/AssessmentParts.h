@@ -9,7 +9,7 @@
 /// Parts of an assessment's section; each writes what the trace holds of it.
 namespace FX_Algen::cli {
 
-/// "3 (mäßig)"; without a name the number alone.
+/// "3 (mäßig)", or "3, mäßig (neu)" where the name holds a bracket; without a name the number alone.
 std::string ClassText(const Prose& prose, std::int16_t OEZK, const std::string& name);
 
 std::string NameOfTaxon(const AssessedSite& site, std::int32_t ID_ART, bool CF);

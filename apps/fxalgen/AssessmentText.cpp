@@ -32,6 +32,10 @@ void PrintClass(const Prose& prose, const AssessmentTrace& trace) {
     }
 }
 
+std::string FailureText(const Explanation::Failure& failure) {
+    return failure.Description + " (" + store::NumberText(failure.Number) + ")";
+}
+
 void PrintStored(const Prose& prose, const ExplainedAssessment& assessment) {
     if (assessment.State == StoredResult::Current) {
         // The row of an assessment that fails is the same each time, and never whole.
@@ -57,9 +61,7 @@ void PrintEnd(const Prose& prose, const ExplainedAssessment& assessment) {
         prose.Line(2, prose.Word(words::DiatomsAlready));
     }
     if (assessment.Failed) {
-        prose.Line(2,
-                   prose.Word(words::AssessmentFailed, {assessment.Failed->Description + " (" +
-                                                        store::NumberText(assessment.Failed->Number) + ")"}));
+        prose.Line(2, prose.Word(words::AssessmentFailed, {FailureText(*assessment.Failed)}));
     }
 }
 
@@ -141,7 +143,9 @@ void PrintAssessment(const Prose& prose, const ExplainedAssessment& assessment, 
 
 std::string ClassText(const Prose& prose, std::int16_t OEZK, const std::string& name) {
     const std::string number = prose.Exact(OEZK);
-    return name.empty() ? number : number + " (" + name + ")";
+    if (name.empty()) return number;
+    // Names with brackets of their own, like those of the example tables, would stand in two pairs.
+    return name.find('(') == std::string::npos ? number + " (" + name + ")" : number + ", " + name;
 }
 
 std::string NameOfTaxon(const AssessedSite& site, std::int32_t ID_ART, bool CF) {
@@ -161,11 +165,11 @@ void PrintAssessments(std::ostream& out, const AssessedSite& site, const Explana
                       std::int16_t SprachID) {
     const Prose prose(out, SprachID);
     if (site.Failed) {
-        prose.Line(0, prose.Word(words::SiteNotReadable, {site.Failed->Description + " (" +
-                                                          store::NumberText(site.Failed->Number) + ")"}));
+        prose.Line(0, prose.Word(words::SiteNotReadable, {FailureText(*site.Failed)}));
         prose.Blank();
     } else if (site.Assessments.empty()) {
         prose.Line(0, prose.Word(words::NoAssessment));
+        if (site.LastRun) prose.Line(2, prose.Word(words::LastRunFailed, {FailureText(*site.LastRun)}));
         prose.Blank();
     }
     const AssessmentTrace* above = nullptr;

@@ -21,6 +21,8 @@ struct AssessedSite {
     std::map<std::int32_t, std::string> Stands;  ///< names of mixed stands by `ID_TR_MI`
     /// Why stored assessments are not explained: the site could not be read.
     std::optional<Explanation::Failure> Failed;
+    /// Why the last run left nothing to explain, where it noted that.
+    std::optional<Explanation::Failure> LastRun;
 };
 
 /// Explains the stored assessments of a sub-habitat. Where there are none, the site is not even read.

@@ -43,6 +43,7 @@ public:
             Json json = ExplanationAsJson(explanation);
             json["Assessments"] = AssessmentsAsJson(site);
             json["AssessmentsFailed"] = FailureAsJson(site.Failed);
+            json["LastRunFailed"] = FailureAsJson(site.LastRun);
             streams.Out << json.dump(2) << '\n';
         } else {
             std::ostringstream assessments;

@@ -1,5 +1,6 @@
 #include "FX_Algen/Error.h"
 #include "fxalgen/AssessmentText.h"
+#include "fxalgen/Lauf.h"
 
 namespace FX_Algen::cli {
 
@@ -40,7 +41,12 @@ void ReadTaxa(const store::DatabasePtr& database, AssessedSite& site) {
 AssessedSite ReadAssessments(const store::DatabasePtr& database, std::int32_t ID_TR) {
     AssessedSite site;
     const std::string id = store::NumberText(ID_TR);
-    if (!Assessed(*database, id)) return site;
+    if (!Assessed(*database, id)) {
+        if (const auto noted = FehlschlagOhneZeile(*database, ID_TR)) {
+            site.LastRun = Explanation::Failure{*noted->Fehlernummer, noted->Fehlertext};
+        }
+        return site;
+    }
     try {
         site.Site = ReadAssessmentSite(database, ID_TR);
     } catch (const Error& error) {

@@ -33,6 +33,23 @@ std::string Mark(const store::Value& status) {
     return {};
 }
 
+bool IsNotAvailable(const Record& record, const ResultColumn& column) {
+    return ResultCell(record, column, Language::German) == Text(words::NotAvailable, Language::German);
+}
+
+/// Whether a module of an assessment lacks its expected value or its class. The overall class is made all the
+/// same: with a class from the -1 in place of that value, or without the module.
+bool LacksReference(const ResultKind& kind, const Record& record) {
+    if (record[StatusField] == store::Value(LaufStandText(LaufStand::Incomplete))) return false;
+    for (const ResultBlock& block : kind.Blocks) {
+        for (const ResultColumn& column : block.Columns) {
+            const bool decides = column.As == Show::Expected || column.Field.ends_with("_OEZK");
+            if (decides && IsNotAvailable(record, column)) return true;
+        }
+    }
+    return false;
+}
+
 bool IsText(const store::Value& value, Show as) {
     return as == Show::Text || as == Show::NamedClass || as == Show::Group || as == Show::Flag ||
            (as == Show::Reference && (value.IsNull() || value.TextOrNull() != nullptr));
@@ -80,7 +97,9 @@ void PrintBlock(std::ostream& out, const ResultKind& kind, const ResultBlock& bl
         for (const ResultColumn& column : block.Columns) {
             cells.push_back(ResultCell(record, column, SprachID));
         }
-        if (withState) cells.push_back(Mark(record[StatusField]));
+        if (withState) {
+            cells.push_back(Mark(record[StatusField]) + (LacksReference(kind, record) ? "*" : ""));
+        }
         table.AddRow(std::move(cells));
     }
     out << Text(block.Title, SprachID) << "\n\n";
@@ -112,10 +131,7 @@ bool ShowsNoIndex(const ResultKind& kind, const ResultSet& results) {
 }
 
 bool ShowsNotAvailable(const ResultKind& kind, const ResultSet& results) {
-    const std::string text = Text(words::NotAvailable, Language::German);
-    return AnyCell(kind, results, [&](const Record& record, const ResultColumn& column) {
-        return ResultCell(record, column, Language::German) == text;
-    });
+    return AnyCell(kind, results, IsNotAvailable);
 }
 
 bool ShowsFlag(const ResultKind& kind, const ResultSet& results) {
@@ -145,6 +161,9 @@ void PrintLegend(std::ostream& out, const ResultKind& kind, const ResultSet& res
     }
     if (ShowsNoIndex(kind, results)) line(kind.State ? kind.State->NoIndex : words::NoIndex);
     if (ShowsNotAvailable(kind, results)) line(words::NotAvailableLegend);
+    if (AnyRecord(results, [&](const Record& record) { return LacksReference(kind, record); })) {
+        line(words::WrrlLacking);
+    }
     if (ShowsFlag(kind, results)) line(words::BedingtLegend);
     if (kind.State && occurs(LaufStand::OutOfDate)) line(kind.State->OutOfDate);
     if (kind.State && occurs(LaufStand::Incomplete)) {

@@ -71,6 +71,7 @@ inline constexpr std::int16_t WrrlUnknown = 5293;
 inline constexpr std::int16_t Algengruppe = 5294;
 inline constexpr std::int16_t ModulOEZK = 5295;
 inline constexpr std::int16_t WrrlNoIndex = 5296;
+inline constexpr std::int16_t WrrlLacking = 5297;
 
 // Explanations.
 inline constexpr std::int16_t NoSample = 5301;
@@ -237,6 +238,9 @@ inline constexpr std::int16_t SiteNotReadable = 5495;
 inline constexpr std::int16_t ListNotBuilt = 5496;
 inline constexpr std::int16_t ClassWithoutIndex = 5497;
 inline constexpr std::int16_t ListIncomplete = 5498;
+inline constexpr std::int16_t ClassWithoutExpectedValue = 5499;
+inline constexpr std::int16_t ModuleWithoutClass = 5500;
+inline constexpr std::int16_t LastRunFailed = 5501;
 }  // namespace words
 
 /// The text with its place holder "|" replaced.

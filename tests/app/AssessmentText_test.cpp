@@ -325,6 +325,60 @@ TEST(AssessmentText, TellsAnIndexThatCameFromTheOtherRow) {
                 HasSubstr("      verwendet: 2,5, aus der ersten Zeile des Teilraums in awaErgProjekt\n"));
 }
 
+TEST(AssessmentText, PutsNoBracketsAroundBrackets) {
+    AssessedSite site = OneAssessment();
+    Trace(site).Overall->OEZK_Klasse = "gut (Übung)";
+    Trace(site).Overall->ClassNames = {"gut (Übung)", "sehr gut", "mäßig (Übung)"};
+    const std::string text = Printed(site);
+    EXPECT_THAT(text, HasSubstr("  Ökologischer Zustand: 2, gut (Übung)\n"));
+    EXPECT_THAT(text, HasSubstr("  Ungünstigste Klasse: 3, mäßig (Übung), allein im Modul Referenzarten.\n"));
+    EXPECT_THAT(text, HasSubstr("Modul Trophie: Klasse 2, gut (Übung)\n"));
+    EXPECT_THAT(text, HasSubstr("Modul Saprobie: Klasse 1 (sehr gut)\n"));
+}
+
+/// The marker -1 in place of an expected value that the tables lack.
+void TakeExpectedValue(ReferenceLookup& lookup, RatioTrace& ratio) {
+    lookup.Found = false;
+    lookup.Result = store::Value(-1.0);
+    ratio.ExpectedValue = -1;
+}
+
+TEST(AssessmentText, SaysThatAClassWithoutExpectedValueSaysNothing) {
+    AssessedSite site = OneAssessment();
+    EXPECT_THAT(Printed(site), Not(HasSubstr("fehlt der erwartete Wert")));
+    TakeExpectedValue(Trace(site).Trophic->ExpectedValue, Trace(site).Trophic->Ratio);
+    const std::string text = Printed(site);
+    EXPECT_THAT(text,
+                HasSubstr("  Dem Modul Trophie fehlt der erwartete Wert: sein EQR ist mit -1 gerechnet, "
+                          "seine Klasse sagt nichts über das\n      Gewässer.\n"));
+    EXPECT_THAT(text, testing::ContainsRegex("  Trophie +[0-9,]+ +n\\.v\\. "));
+    EXPECT_THAT(text, HasSubstr(") / (4 - (-1)) = "));
+    EXPECT_THAT(Printed(site, English), HasSubstr("The module trophic lacks its expected value"));
+}
+
+TEST(AssessmentText, SaysWhichModuleDoesNotCountForWantOfAClass) {
+    AssessedSite site = OneAssessment();
+    EXPECT_THAT(Printed(site), Not(HasSubstr("zählt nicht mit")));
+    Trace(site).Overall->Classes[0] = -1;
+    TakeExpectedValue(Trace(site).Trophic->ExpectedValue, Trace(site).Trophic->Ratio);
+    EXPECT_THAT(Printed(site), HasSubstr("  Das Modul Trophie hat keine Klasse und zählt nicht mit.\n"));
+    EXPECT_THAT(Printed(site), Not(HasSubstr("fehlt der erwartete Wert")));
+}
+
+TEST(AssessmentText, TellsAnEmptyExpectedValueFromAMissingRow) {
+    AssessedSite site = OneAssessment();
+    IndexModuleTrace& trophic = *Trace(site).Trophic;
+    // The module fails at the Null: neither index nor ratio was reached.
+    trophic.ExpectedValue.Result = store::Value();
+    trophic.Ratio = {};
+    trophic.Done = false;
+    EXPECT_THAT(Printed(site), HasSubstr("    Erwarteter Wert: nicht eingetragen, aus awaWRRL_ETI ("));
+    EXPECT_THAT(Printed(site), Not(HasSubstr("verwendet: ")));
+    // Its statement fails: whether there is a row is not known.
+    trophic.ExpectedValue.Found = false;
+    EXPECT_THAT(Printed(site), HasSubstr("    Erwarteter Wert: nicht berechnet\n"));
+}
+
 TEST(AssessmentText, TellsWhatDiffersFromTheStoredRow) {
     AssessedSite site = OneAssessment();
     ExplainedAssessment& assessment = site.Assessments.front();
@@ -410,6 +464,11 @@ TEST(AssessmentText, WithoutAnyClassSaysSo) {
 
 TEST(AssessmentText, SaysThatNothingIsStoredOrReadable) {
     EXPECT_EQ(Printed({}), "Bewertung nach WRRL: keine gespeichert.\n\n");
+    AssessedSite failed;
+    failed.LastRun = Explanation::Failure{3265, "no sampling site at 'Brücke'"};
+    EXPECT_EQ(Printed(failed),
+              "Bewertung nach WRRL: keine gespeichert.\n"
+              "  Der letzte Lauf ist fehlgeschlagen: no sampling site at 'Brücke' (3265)\n\n");
     AssessedSite site;
     site.Failed = Explanation::Failure{3265, "the station 'Brücke' lists 'XY'"};
     EXPECT_EQ(

@@ -116,7 +116,7 @@ TEST_F(Explain, TellsTheClassBeforeTheIndices) {
                 HasSubstr("    Referenzklasse: fehlt, keine Zeile in awaWRRL_TGZK (ID_AL_Bioregion = "
                           "0, Hoehenstufe = 0); es gilt -\n"));
     // all 100 valves are of the one diatom with 1.2: (4 - 1.2) / (4 + 1) = 0.56
-    EXPECT_THAT(outcome.Out, HasSubstr("    EQR = (4 - 1,2) / (4 - -1) = 0,560000, gerundet 0,56\n"));
+    EXPECT_THAT(outcome.Out, HasSubstr("    EQR = (4 - 1,2) / (4 - (-1)) = 0,560000, gerundet 0,56\n"));
     EXPECT_THAT(outcome.Out, HasSubstr("  Beiträge zu TI_KA: siehe unten.\n"));
     EXPECT_THAT(outcome.Out, HasSubstr("Cladophora glomerata        ID_PS 1  Systematik führt zu keiner"));
     EXPECT_THAT(outcome.Out, testing::ContainsRegex("Trophieindex der Kieselalgen \\(TI_KA\\)\n"));
@@ -129,6 +129,19 @@ TEST_F(Explain, TellsTheClassBeforeTheIndices) {
     EXPECT_EQ(assessment.at("Trace").at("Trophic").at("Ratio").at("EQR"), 0.56);
     EXPECT_EQ(assessment.at("Trace").at("Trophic").at("ReferenceClass").at("Found"), false);
     EXPECT_EQ(assessment.at("Trace").at("Column").at("Findings").at(0).at("LeftOut"), "NoTaxonomy");
+}
+
+TEST_F(Explain, TellsWhyTheLastRunLeftNoAssessment) {
+    Execute({"UPDATE UnvUStelle SET RefBioregionen='GÖ1' WHERE ID_UUS=1;"});
+    ASSERT_EQ(Call({"assess", path_, "--scope", "Teilraum:11"}).Code, 1);
+    const Outcome outcome = Call({"explain", path_, "Teilraum:11"});
+    EXPECT_EQ(outcome.Code, 0) << outcome.Err;
+    EXPECT_THAT(outcome.Out, HasSubstr("Bewertung nach WRRL: keine gespeichert.\n"
+                                       "  Der letzte Lauf ist fehlgeschlagen: "));
+    EXPECT_THAT(outcome.Out, HasSubstr("GÖ1"));
+    EXPECT_EQ(Json("Teilraum:11").at("LastRunFailed").at("Number"), 3265);
+    // Nothing is known of a sub-habitat that was in no run.
+    EXPECT_TRUE(Json("Teilraum:12").at("LastRunFailed").is_null());
 }
 
 TEST_F(Explain, OfAStationWithAnUnknownSignStillExplainsTheIndices) {

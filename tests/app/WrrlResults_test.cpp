@@ -51,7 +51,7 @@ TEST_F(WrrlResults, TellFirstWhatTheAssessmentSays) {
             "  11  Flüsse   Oberlauf   Brücke  12.05.2026  Strom       alle Algen   2 mäßig gut  ja      "
             "       1         1              3  ?\n"
             "  11  Flüsse   Oberlauf   Brücke  12.05.2026  Strom [KA]  Kieselalgen  n.v.                 "
-            "    n.v.      n.v.           n.v.  ?\n"));
+            "    n.v.      n.v.           n.v.  ?*\n"));
 }
 
 TEST_F(WrrlResults, TellEachModuleFromItsReferenceClassToItsClass) {
@@ -81,6 +81,35 @@ TEST_F(WrrlResults, ShowMarkersInWordsAndTellWhatTheyMean) {
     EXPECT_THAT(out, HasSubstr("\n?  unbekannt: nicht mit diesem Programm bewertet"));
     EXPECT_THAT(out, HasSubstr("\nTeilräume ohne Ergebnis: 2\n"));
     EXPECT_THAT(out, Not(HasSubstr("-1")));
+}
+
+TEST_F(WrrlResults, MarkAClassThatRestsOnAMissingReferenceValue) {
+    struct Case {
+        const char* What;
+        const char* Change;
+        bool Marked;
+    };
+    const Case cases[] = {
+        {"nothing missing", "ID=11", false},
+        {"expected value, yet a class", "TI_EW=-1", true},
+        {"expected value of the reference species", "RI_EW=-1", true},
+        {"class of a module", "SI_OEZK=-1", true},
+        // Neither the name of a class nor the class that 0.03 more would give makes the class another one.
+        {"name of a class", "SI_OEZK_Klasse='n.v.'", false},
+        {"raised class", "TI_OEZK3=-1", false},
+    };
+    const std::string legend = "\n*  eine Klasse dieser Zeile ruht auf einem fehlenden Referenzwert";
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.What);
+        Execute({"DELETE * FROM awaErgWRRL;"});
+        FillRows();
+        Execute({"DELETE * FROM awaErgWRRL WHERE KAOnly=True;"});
+        database_->Execute("UPDATE awaErgWRRL SET " + std::string(c.Change) + " WHERE ID=11;");
+        const std::string out = Call({"results", path_, "--wrrl", "--scope", "Teilraum:11"}).Out;
+        EXPECT_EQ(out.find("  ?*\n") != std::string::npos, c.Marked) << out;
+        EXPECT_EQ(out.find("  ?\n") != std::string::npos, !c.Marked) << out;
+        EXPECT_EQ(out.find(legend) != std::string::npos, c.Marked) << out;
+    }
 }
 
 TEST_F(WrrlResults, SpeakEnglishWhereAsked) {
