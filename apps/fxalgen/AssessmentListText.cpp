@@ -1,6 +1,7 @@
 // The findings in words: from the sample to the frequency list, and from there to the counts.
 #include <algorithm>
 #include <ostream>
+#include <set>
 
 #include "fxalgen/AssessmentParts.h"
 #include "fxalgen/Table.h"
@@ -124,6 +125,13 @@ std::string ReferenceType(const Prose& prose, const CountedTaxon& taxon) {
     return all > 1 ? text + prose.Word(words::CountsTimes, {prose.Exact(all)}) : text;
 }
 
+/// Whether a taxon stands there with and without cf., so that the counts are not those of the rows.
+bool HasTaxonTwice(const std::vector<CountedTaxon>& taxa) {
+    std::set<std::int32_t> seen;
+    return std::any_of(taxa.begin(), taxa.end(),
+                       [&](const CountedTaxon& taxon) { return !seen.insert(taxon.ID_ART).second; });
+}
+
 void PrintCounts(const Prose& prose, const ReferenceSpeciesTrace& species) {
     const auto count = [&](const std::string& column) -> std::string {
         for (const CountTrace& one : species.Counts) {
@@ -174,7 +182,12 @@ void PrintCountedTaxa(const Prose& prose, const ReferenceSpeciesTrace& species, 
                    : prose.Word(words::TypBCondition, {site.Site->RefBioregionen, site.Site->RefBioregion}));
         prose.Blank();
     }
-    if (!species.Counts.empty()) PrintCounts(prose, species);
+    if (species.Counts.empty()) return;
+    PrintCounts(prose, species);
+    if (HasTaxonTwice(species.Taxa)) {
+        prose.Line(4, prose.Word(words::WithAndWithoutCF));
+        prose.Blank();
+    }
 }
 
 void PrintFrequencyList(const Prose& prose, const FrequencyColumn& column, const AssessedSite& site) {

@@ -241,6 +241,7 @@ inline constexpr std::int16_t ListIncomplete = 5498;
 inline constexpr std::int16_t ClassWithoutExpectedValue = 5499;
 inline constexpr std::int16_t ModuleWithoutClass = 5500;
 inline constexpr std::int16_t LastRunFailed = 5501;
+inline constexpr std::int16_t WithAndWithoutCF = 5502;
 }  // namespace words
 
 /// The text with its place holder "|" replaced.

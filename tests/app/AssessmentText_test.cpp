@@ -325,6 +325,17 @@ TEST(AssessmentText, TellsAnIndexThatCameFromTheOtherRow) {
                 HasSubstr("      verwendet: 2,5, aus der ersten Zeile des Teilraums in awaErgProjekt\n"));
 }
 
+TEST(AssessmentText, TellsHowATaxonWithAndWithoutCFCounts) {
+    AssessedSite site = OneAssessment();
+    EXPECT_THAT(Printed(site), Not(HasSubstr("mit und ohne cf.")));
+    CountedTaxon certain = Trace(site).ReferenceSpecies->Taxa[0];
+    certain.CF = false;
+    Trace(site).ReferenceSpecies->Taxa.push_back(certain);
+    EXPECT_THAT(Printed(site),
+                HasSubstr("    Ein Taxon mit und ohne cf. steht in zwei Zeilen. Als Referenzart "));
+    EXPECT_THAT(Printed(site, English), HasSubstr("    A taxon with and without cf. stands in two rows. "));
+}
+
 TEST(AssessmentText, PutsNoBracketsAroundBrackets) {
     AssessedSite site = OneAssessment();
     Trace(site).Overall->OEZK_Klasse = "gut (Übung)";
