@@ -69,6 +69,7 @@ public:
         const auto workspace = std::make_shared<store::Workspace>();
         database_ = workspace->OpenDatabase(path_);
         const std::vector<Teilraum> list = ReadTeilraeume(*database_, scope);
+        WarnOfEmptyScope(Name(), scope_, list, streams.Err);
         ps_.CurrentWS(workspace);
         ps_.CurrentDB(database_);
         ps_.DBName(path_);

@@ -58,6 +58,7 @@ public:
         const auto workspace = std::make_shared<store::Workspace>();
         const store::DatabasePtr database = workspace->OpenDatabase(path_);
         const std::vector<Teilraum> list = ReadTeilraeume(*database, scope);
+        WarnOfEmptyScope(Name(), scope_, list, streams.Err);
 
         AL_PS ps;
         ps.CurrentWS(workspace);

@@ -4,6 +4,7 @@
 #include <array>
 #include <cctype>
 #include <charconv>
+#include <ostream>
 #include <unordered_set>
 
 #include "FX_Algen/Error.h"
@@ -203,6 +204,12 @@ std::vector<Teilraum> ReadTeilraeume(store::Database& database, const Scope& sco
         if (seen.insert(teilraum.ID_TR).second) list.push_back(std::move(teilraum));
     }
     return list;
+}
+
+void WarnOfEmptyScope(std::string_view command, const std::optional<std::string>& scope,
+                      const std::vector<Teilraum>& list, std::ostream& err) {
+    if (!scope || !list.empty()) return;
+    err << "fxalgen " << command << ": warning: " << *scope << " holds no sub-habitat\n";
 }
 
 }  // namespace FX_Algen::cli

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <iosfwd>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -46,5 +47,10 @@ struct Teilraum {
 /// calculation manager scope). Fails with 3265 where the scope's own row does not exist, and with 3075 where
 /// a stored selection has no condition or an unknown level.
 std::vector<Teilraum> ReadTeilraeume(store::Database& database, const Scope& scope);
+
+/// A warning where a scope that was asked for holds no sub-habitat, such as a stored selection without
+/// members: the run succeeds, and leaves no results.
+void WarnOfEmptyScope(std::string_view command, const std::optional<std::string>& scope,
+                      const std::vector<Teilraum>& list, std::ostream& err);
 
 }  // namespace FX_Algen::cli

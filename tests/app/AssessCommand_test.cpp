@@ -287,6 +287,15 @@ TEST_F(Assess, LeavesTheResultsWhereTheScopeIsWrong) {
     EXPECT_EQ(Assessments(), before);
 }
 
+TEST_F(Assess, WarnsOfASelectionWithoutMembers) {
+    Execute(
+        {"INSERT INTO RechenProjekt (ID_RechMan, RechManEbene, RechManSQL) VALUES (7, 'Teilraum', "
+         "'Teilraum.ID_TR>0');"});
+    const cli::Outcome outcome = Call({"assess", path_, "--scope", "Rechenmanager:7"});
+    EXPECT_EQ(outcome.Code, 0);
+    EXPECT_EQ(outcome.Err, "fxalgen assess: warning: Rechenmanager:7 holds no sub-habitat\n");
+}
+
 TEST_F(Assess, GivesTheSameEachTime) {
     ASSERT_EQ(Project1().Code, 0);
     const std::string first = Call({"results", path_, "--wrrl", "--format", "json"}).Out;

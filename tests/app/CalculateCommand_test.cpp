@@ -86,6 +86,15 @@ TEST_F(Calculate, RefusesASelectionWithoutConditionOrWithUnknownLevel) {
     EXPECT_THAT(level.Err, HasSubstr("unknown level 'Gebiet'"));
 }
 
+TEST_F(Calculate, WarnsOfASelectionWithoutMembers) {
+    Execute(
+        {"INSERT INTO RechenProjekt (ID_RechMan, RechManEbene, RechManSQL) VALUES (7, 'Teilraum', "
+         "'Teilraum.ID_TR>0');"});
+    const Outcome outcome = Call({"calculate", path_, "--scope", "Rechenmanager:7"});
+    EXPECT_EQ(outcome.Code, 0);
+    EXPECT_EQ(outcome.Err, "fxalgen calculate: warning: Rechenmanager:7 holds no sub-habitat\n");
+}
+
 TEST_F(Calculate, GoesOnAfterAFailureAndListsItAtTheEnd) {
     Execute({"UPDATE awaModulStandard SET SI=Null WHERE ID_ART=1;"});
     const Outcome outcome = Call({"calculate", path_});
