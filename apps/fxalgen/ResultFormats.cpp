@@ -37,14 +37,20 @@ bool IsNotAvailable(const Record& record, const ResultColumn& column) {
     return ResultCell(record, column, Language::German) == Text(words::NotAvailable, Language::German);
 }
 
-/// Whether a module of an assessment lacks its expected value or its class. The overall class is made all the
-/// same: with a class from the -1 in place of that value, or without the module.
-bool LacksReference(const ResultKind& kind, const Record& record) {
+bool IsNoIndex(const Record& record, const ResultColumn& column) {
+    return column.As == Show::Index && ResultCell(record, column, Language::German) == "-";
+}
+
+/// Whether a module of an assessment lacks its index, its expected value or its class. The overall class is
+/// made all the same: with the class at a ratio of 0, with one from -1 in place of the expected value, or
+/// without the module.
+bool LacksGround(const ResultKind& kind, const Record& record) {
+    if (kind.Table != WrrlResults().Table) return false;
     if (record[StatusField] == store::Value(LaufStandText(LaufStand::Incomplete))) return false;
     for (const ResultBlock& block : kind.Blocks) {
         for (const ResultColumn& column : block.Columns) {
             const bool decides = column.As == Show::Expected || column.Field.ends_with("_OEZK");
-            if (decides && IsNotAvailable(record, column)) return true;
+            if (IsNoIndex(record, column) || (decides && IsNotAvailable(record, column))) return true;
         }
     }
     return false;
@@ -98,7 +104,7 @@ void PrintBlock(std::ostream& out, const ResultKind& kind, const ResultBlock& bl
             cells.push_back(ResultCell(record, column, SprachID));
         }
         if (withState) {
-            cells.push_back(Mark(record[StatusField]) + (LacksReference(kind, record) ? "*" : ""));
+            cells.push_back(Mark(record[StatusField]) + (LacksGround(kind, record) ? "*" : ""));
         }
         table.AddRow(std::move(cells));
     }
@@ -125,9 +131,7 @@ bool AnyCell(const ResultKind& kind, const ResultSet& results, Predicate predica
 }
 
 bool ShowsNoIndex(const ResultKind& kind, const ResultSet& results) {
-    return AnyCell(kind, results, [](const Record& record, const ResultColumn& column) {
-        return column.As == Show::Index && ResultCell(record, column, Language::German) == "-";
-    });
+    return AnyCell(kind, results, IsNoIndex);
 }
 
 bool ShowsNotAvailable(const ResultKind& kind, const ResultSet& results) {
@@ -161,7 +165,7 @@ void PrintLegend(std::ostream& out, const ResultKind& kind, const ResultSet& res
     }
     if (ShowsNoIndex(kind, results)) line(kind.State ? kind.State->NoIndex : words::NoIndex);
     if (ShowsNotAvailable(kind, results)) line(words::NotAvailableLegend);
-    if (AnyRecord(results, [&](const Record& record) { return LacksReference(kind, record); })) {
+    if (AnyRecord(results, [&](const Record& record) { return LacksGround(kind, record); })) {
         line(words::WrrlLacking);
     }
     if (ShowsFlag(kind, results)) line(words::BedingtLegend);

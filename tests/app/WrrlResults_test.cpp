@@ -83,7 +83,7 @@ TEST_F(WrrlResults, ShowMarkersInWordsAndTellWhatTheyMean) {
     EXPECT_THAT(out, Not(HasSubstr("-1")));
 }
 
-TEST_F(WrrlResults, MarkAClassThatRestsOnAMissingReferenceValue) {
+TEST_F(WrrlResults, MarkAClassThatRestsOnNoIndexOrOnAMissingReferenceValue) {
     struct Case {
         const char* What;
         const char* Change;
@@ -94,11 +94,12 @@ TEST_F(WrrlResults, MarkAClassThatRestsOnAMissingReferenceValue) {
         {"expected value, yet a class", "TI_EW=-1", true},
         {"expected value of the reference species", "RI_EW=-1", true},
         {"class of a module", "SI_OEZK=-1", true},
+        {"index, so that the ratio is 0 and the class the worst", "SI=0, SI_EQR=0, SI_OEZK=5", true},
         // Neither the name of a class nor the class that 0.03 more would give makes the class another one.
         {"name of a class", "SI_OEZK_Klasse='n.v.'", false},
         {"raised class", "TI_OEZK3=-1", false},
     };
-    const std::string legend = "\n*  eine Klasse dieser Zeile ruht auf einem fehlenden Referenzwert";
+    const std::string legend = "\n*  eine Klasse dieser Zeile fehlt oder ruht auf keinem Index";
     for (const Case& c : cases) {
         SCOPED_TRACE(c.What);
         Execute({"DELETE * FROM awaErgWRRL;"});
