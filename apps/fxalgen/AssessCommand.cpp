@@ -193,8 +193,9 @@ private:
                 ++outcome.Done;
                 return Text(words::CheckOk, SprachID());
             }
+            std::string missing = MissingText(site);
             ++outcome.Lacking;
-            return MissingText(site);
+            return missing;
         } catch (const Error& error) {
             outcome.Fail(teilraum, error);
             return Text(words::CheckFailed, SprachID());

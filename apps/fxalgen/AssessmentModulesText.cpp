@@ -57,6 +57,10 @@ std::string Rounded(const Prose& prose, const RatioTrace& ratio) {
 }
 
 void PrintHit(const Prose& prose, const ClassLookup& lookup) {
+    if (lookup.Lookup.Found && lookup.Lookup.Result.IsNull()) {
+        PrintLookup(prose, words::OEZK, lookup.Lookup);
+        return;
+    }
     if (!lookup.Hit) {
         prose.Line(4, prose.Word(words::NoRowOfBounds, {prose.Exact(lookup.EQR), Source(lookup.Lookup)}));
         return;

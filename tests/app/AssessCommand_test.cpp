@@ -433,6 +433,16 @@ TEST_F(AssessCheck, PassesWhereAnExpectedValueStandsForNoClass) {
     EXPECT_EQ(Check({"--scope", "Teilraum:11"}).Code, 1);
 }
 
+TEST_F(AssessCheck, FailsAtARowWithoutReferenceClassAndNamesIt) {
+    Execute({"UPDATE awaWRRL_TGZK SET TGZK=Null;"});
+    const cli::Outcome outcome = Check({"--scope", "Teilraum:13"});
+    EXPECT_EQ(outcome.Code, 1);
+    // Counted once, as failed.
+    EXPECT_THAT(outcome.Out, HasSubstr("Blöcke    fehlgeschlagen\n\nIn Ordnung: 0\nFehlgeschlagen: 1\n"));
+    EXPECT_THAT(outcome.Err, HasSubstr("awaWRRL_TGZK.TGZK is Null for ID_AL_Bioregion=5 AND Hoehenstufe=3, "
+                                       "sub-habitat 13 (Blöcke) (94)"));
+}
+
 TEST_F(AssessCheck, FailsWhatCannotBeListedOrHasAnUnknownReferenceBioregion) {
     Execute({"DELETE * FROM awaPrStelle WHERE ID_TR=13;"});
     const cli::Outcome site = Check({"--scope", "Projekt:1"});

@@ -390,6 +390,17 @@ TEST(AssessmentText, TellsAnEmptyExpectedValueFromAMissingRow) {
     EXPECT_THAT(Printed(site), HasSubstr("    Erwarteter Wert: nicht berechnet\n"));
 }
 
+TEST(AssessmentText, TellsARowOfBoundsWithoutClassFromAMissingRow) {
+    AssessedSite site = OneAssessment();
+    RatioTrace& trophic = Trace(site).Trophic->Ratio;
+    trophic.Class.Hit.reset();
+    trophic.Class.OEZK = -1;
+    trophic.Class.Lookup.Result = store::Value();
+    trophic.Class.Lookup.Found = true;
+    EXPECT_THAT(Printed(site), HasSubstr("    Klasse: nicht eingetragen, aus awaWRRL_TIOEZK ("));
+    EXPECT_THAT(Printed(site), Not(HasSubstr("keine Zeile in awaWRRL_TIOEZK")));
+}
+
 TEST(AssessmentText, TellsWhatDiffersFromTheStoredRow) {
     AssessedSite site = OneAssessment();
     ExplainedAssessment& assessment = site.Assessments.front();
