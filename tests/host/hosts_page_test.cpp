@@ -159,6 +159,41 @@ TEST(HostsPage, ExampleCalculatesAndReportsFailures) {
                                                  "17 SapIndex=2 TI=1\\.5 AMI=0\\.8\n18 .*\n"));
 }
 
+TEST(HostsPage, StatementsAnswerWhatThePageSays) {
+    test::TestDatabase db;
+    for (const auto* statement :
+         {"INSERT INTO AL_Bioregion (ID_AL_Bioregion, Kurzzeichen, Bezeichnung) VALUES (5, 'KV', 'Kühl');",
+          "INSERT INTO AL_Hoehenstufe (ID_AL_Hoehenstufe, Hoehenstufe) VALUES (8, 3);",
+          "INSERT INTO Projekt (ID_PRJ, PRJBez) VALUES (2, 'Flüsse');",
+          "INSERT INTO Abschnitt (ID_AB, ID_PRJ) VALUES (1, 2);",
+          "INSERT INTO UnvUStelle (ID_UUS, ID_AB, ID_AL_Bioregion, ID_AL_Hoehenstufe, RefBioregionen) VALUES "
+          "(1, 1, 5, 8, 'KV3');",
+          "INSERT INTO VerUStelle (ID_VUS, ID_UUS) VALUES (1, 1);",
+          "INSERT INTO Teilraum (ID_TR, ID_VUS, TRBez) VALUES (17, 1, 'Furt');"})
+        db.Handle->Execute(statement);
+    std::string page = FileText("docs/hosts.md");
+    const auto next = [&] {
+        const std::string statement = Between(page, "```sql\n", "```");
+        page.erase(0, page.find("```sql\n") + 7);
+        return db.Handle->OpenRecordset(statement);
+    };
+    const auto site = next();
+    ASSERT_FALSE(site->Eof());
+    EXPECT_EQ((*site)["ID_PRJ"].I4(), 2);
+    EXPECT_EQ((*site)["ID_AL_Bioregion"].I4(), 5);
+    EXPECT_EQ((*site)["Hoehenstufe"].I4(), 3);  // the step of the site, not its key
+    EXPECT_EQ((*site)["RefBioregionen"].Text(), "KV3");
+    const auto sign = next();
+    ASSERT_FALSE(sign->Eof());
+    EXPECT_EQ((*sign)["ID_AL_Bioregion"].I4(), 5);
+    try {
+        db.Handle->OpenRecordset("SELECT A17 FROM awaArtenlisteHaeufigkeit;");
+        FAIL() << "before a run there is no column";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.Number(), 3061);
+    }
+}
+
 TEST(HostsPage, AssessmentExampleTellsClassesAndWhatIsMissing) {
     test::TestDatabase db;
     for (const auto* statement :
