@@ -122,6 +122,7 @@ private:
             ++outcome.Done;
             if (diatomsOnly) ++outcome.DiatomsOnly;
             WarnOfReferences(teilraum, site, outcome);
+            WarnOfTaxonomy(teilraum, outcome);
         } catch (const Error& error) {
             BewertungNotieren(*database_, teilraum.ID_TR, KAOnly, error);
             outcome.Fail(teilraum, error);
@@ -152,6 +153,17 @@ private:
         ++outcome.Lacking;
         std::string text = teilraum.Label() + ": no row in";
         for (const ReferenceLookup& lookup : missing) text += "\n    " + ReferenceText(lookup);
+        outcome.Warn(text);
+    }
+
+    void WarnOfTaxonomy(const Teilraum& teilraum, Outcome& outcome) const {
+        const std::vector<std::string> names = TaxaWithoutMajorGroup(*database_, teilraum.ID_TR);
+        if (names.empty()) return;
+        std::string text =
+            teilraum.Label() +
+            ": the taxonomy leads to no major group (awaUnterFam, awaFamilie, awaGrossGr), and "
+            "so these findings were not counted:";
+        for (const std::string& name : names) text += "\n    " + name;
         outcome.Warn(text);
     }
 

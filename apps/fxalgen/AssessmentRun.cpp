@@ -79,6 +79,30 @@ std::optional<std::string> WhyNotListed(const store::DatabasePtr& database, cons
                                            : "it has no sampling site (no row in awaPrStelle)");
 }
 
+std::vector<std::string> TaxaWithoutMajorGroup(store::Database& database, std::int32_t ID_TR) {
+    const auto rows = database.OpenRecordset(
+        "SELECT DISTINCT awaArt.Gattung, awaArt.Art, awaArtPrStelle.ID_ART FROM (((((awaPrStelle "
+        "INNER JOIN awaArtPrStelle ON awaPrStelle.ID_PS = awaArtPrStelle.ID_PS) "
+        "INNER JOIN awaModulStandard ON awaArtPrStelle.ID_ART = awaModulStandard.ID_ART) "
+        "LEFT JOIN awaArt ON awaArtPrStelle.ID_ART = awaArt.ID_ART) "
+        "LEFT JOIN awaUnterFam ON awaArt.ID_UFAM = awaUnterFam.ID_UFAM) "
+        "LEFT JOIN awaFamilie ON awaUnterFam.ID_FAM = awaFamilie.ID_FAM) "
+        "LEFT JOIN awaGrossGr ON awaFamilie.ID_GRGR = awaGrossGr.ID_GRGR "
+        "WHERE awaPrStelle.ID_TR=" +
+        store::NumberText(ID_TR) +
+        " AND awaModulStandard.Lebensform=1 AND awaGrossGr.ID_GRGR Is Null "
+        "ORDER BY awaArt.Gattung, awaArt.Art, awaArtPrStelle.ID_ART;");
+    std::vector<std::string> names;
+    for (; !rows->Eof(); rows->MoveNext()) {
+        const auto part = [&](const char* field) {
+            return (*rows)[field].IsNull() ? std::string() : (*rows)[field].Text();
+        };
+        const bool known = !(*rows)["Gattung"].IsNull() || !(*rows)["Art"].IsNull();
+        names.push_back(known ? part("Gattung") + " " + part("Art") : "ID_ART " + (*rows)["ID_ART"].Text());
+    }
+    return names;
+}
+
 std::string ReferenceText(const ReferenceLookup& lookup) {
     std::string keys;
     for (const LookupKey& key : lookup.Keys) {

@@ -24,6 +24,10 @@ void RequireCountedDiatoms(const store::DatabasePtr& database, std::int32_t ID_T
 /// counts and sums are 0, and the class that would follow from them is none.
 std::optional<std::string> WhyNotListed(const store::DatabasePtr& database, const AssessmentSite& site);
 
+/// Names of the benthic taxa found in the sub-habitat whose taxonomy leads to no major group, each once, by
+/// name, "ID_ART 5" for one without: they count in no module, which deserves a warning.
+std::vector<std::string> TaxaWithoutMajorGroup(store::Database& database, std::int32_t ID_TR);
+
 /// "awaWRRL_TGZK (ID_AL_Bioregion=5, Hoehenstufe=9)"
 std::string ReferenceText(const ReferenceLookup& lookup);
 

@@ -287,6 +287,25 @@ TEST_F(Assess, LeavesTheResultsWhereTheScopeIsWrong) {
     EXPECT_EQ(Assessments(), before);
 }
 
+TEST_F(Assess, WarnsOfFindingsWhoseTaxonomyLeadsNowhere) {
+    // Sub-habitat 11 holds both taxa. The second one is not benthic, so that no assessment would count it.
+    Execute({
+        "UPDATE awaArt SET ID_UFAM=0, Gattung='Grünalge', Art='groß' WHERE ID_ART=1;",
+        "UPDATE awaArt SET ID_UFAM=0, Gattung='Schwebealge', Art='klein' WHERE ID_ART=2;",
+        "UPDATE awaModulStandard SET Lebensform=0 WHERE ID_ART=2;",
+    });
+    const cli::Outcome outcome = Call({"assess", path_, "--scope", "Projekt:1"});
+    EXPECT_EQ(outcome.Code, 0);
+    EXPECT_THAT(outcome.Err, HasSubstr("fxalgen assess: warning: Teilraum 11 ("));
+    EXPECT_THAT(outcome.Err, HasSubstr("these findings were not counted:\n    Grünalge groß\n"));
+    EXPECT_THAT(outcome.Err, Not(HasSubstr("Schwebealge")));
+    EXPECT_THAT(outcome.Err, Not(HasSubstr("Teilraum 13 (")));
+    // A taxon without a row of its own has no name either.
+    Execute({"DELETE * FROM awaArt WHERE ID_ART=1;"});
+    EXPECT_THAT(Call({"assess", path_, "--scope", "Teilraum:11"}).Err,
+                HasSubstr("these findings were not counted:\n    ID_ART 1\n"));
+}
+
 TEST_F(Assess, WarnsOfASelectionWithoutMembers) {
     Execute(
         {"INSERT INTO RechenProjekt (ID_RechMan, RechManEbene, RechManSQL) VALUES (7, 'Teilraum', "
