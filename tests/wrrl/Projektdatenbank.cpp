@@ -236,7 +236,7 @@ void Projektdatenbank::Bestandsart(std::int32_t mi, std::int32_t art, double ant
 // ---- stored selections ---------------------------------------------------------------------------------
 
 void Projektdatenbank::Auswahl(std::int32_t id, const std::string& ebene, const Value& RechManSQL,
-                               std::initializer_list<std::int32_t> mitglieder) {
+                               const std::vector<std::int32_t>& mitglieder) {
     Zeile("RechenProjekt", {{"ID_RechMan", id}, {"RechManEbene", ebene}, {"RechManSQL", RechManSQL}});
     std::int32_t folge = 0;
     for (const auto mitglied : mitglieder)

@@ -116,7 +116,7 @@ public:
     // ---- stored selections ------------------------------------------------------------------------------
     /// Selection of the given level ("Projekt", "Abschnitt", "UnvU-Stelle", "VerU-Stelle", "Teilraum").
     void Auswahl(std::int32_t id, const std::string& ebene, const store::Value& RechManSQL,
-                 std::initializer_list<std::int32_t> mitglieder);
+                 const std::vector<std::int32_t>& mitglieder);
 
     // ---- reference tables -------------------------------------------------------------------------------
     void Bioregion(std::int32_t id, const std::string& kurzzeichen);

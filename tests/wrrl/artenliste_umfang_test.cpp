@@ -100,7 +100,7 @@ TEST_F(ArtenlisteUmfang, OfAStoredSelectionIsItsMembersAtEachLevel) {
     struct Fall {
         std::string Ebene;
         std::string Bedingung;
-        std::initializer_list<std::int32_t> Mitglieder;
+        std::vector<std::int32_t> Mitglieder;
         std::vector<std::string> Erwartet;
     };
     const std::vector<Fall> faelle = {
