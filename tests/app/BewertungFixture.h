@@ -4,9 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "FX_Algen/Create.h"
 #include "FX_Algen/Store.h"
-#include "app/CommandCall.h"
+#include "app/DatabaseFixture.h"
 #include "store/Connection.h"
 
 namespace FX_Algen::cli {
@@ -32,13 +31,10 @@ namespace FX_Algen::cli {
 /// From its diatoms: TI_EQR = (4 - 1) / (4 - 0.5) = 0.86, SI_EQR = (4 - 1.5) / (4 - 1.5) = 1, RI: 60 of 100 =
 ///   0.6 and 1 of 2 = 0.5, index 0.55, RI_EQR = 0.55 / 0.55 = 1: class 1 each.
 /// Sub-habitat 13: no other algae, so group "KA"; RI 100 of 100 and 1 of 1, index 1, ratio 1.82 capped to 1.
-class BewertungFixture : public FolderFixture {
+class BewertungFixture : public DatabaseFixture {
 protected:
     void SetUp() override {
-        FolderFixture::SetUp();
-        path_ = Path("Gewässer.db");
-        store::CreateDatabase(path_, store::DatabaseKind::Project);
-        database_ = store::Workspace().OpenDatabase(path_);
+        DatabaseFixture::SetUp();
         // Rows are filled in together: a statement each would wait for the disk each time.
         store::Savepoint together(database_->SharedConnection());
         FillTree();
@@ -46,22 +42,6 @@ protected:
         FillFindings();
         FillReferences();
         together.Keep();
-    }
-
-    void TearDown() override {
-        database_.reset();
-        FolderFixture::TearDown();
-    }
-
-    void Execute(std::initializer_list<const char*> statements) {
-        for (const char* statement : statements) database_->Execute(statement);
-    }
-
-    /// One field of the one row that a statement gives.
-    store::Value One(const std::string& statement) {
-        const auto rows = database_->OpenRecordset(statement);
-        EXPECT_FALSE(rows->Eof()) << statement;
-        return rows->Eof() ? store::Value() : (*rows)[std::size_t{0}];
     }
 
     /// "11 Alle 2", "11 KA 1 [KA]": the assessments in the table.
@@ -85,9 +65,6 @@ protected:
         EXPECT_EQ(outcome.Code, 0) << outcome.Err;
         return nlohmann::json::parse(outcome.Out);
     }
-
-    std::string path_;
-    store::DatabasePtr database_;
 
 private:
     void FillTree() {

@@ -3,9 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "FX_Algen/Create.h"
 #include "FX_Algen/Store.h"
-#include "app/CommandCall.h"
+#include "app/DatabaseFixture.h"
 
 namespace FX_Algen::cli {
 
@@ -14,32 +13,13 @@ namespace FX_Algen::cli {
 /// Project 1 "Flüsse": station 1 with the visit 2026-05-12 and its sub-habitats 11 (macroalga, mixed stand
 /// and valves), 12 (no algae sample) and 13 (valves alone); project 2 "Bäche": station 2 with sub-habitat 21
 /// (a macroalga without weight).
-class ProjektFixture : public FolderFixture {
+class ProjektFixture : public DatabaseFixture {
 protected:
     void SetUp() override {
-        FolderFixture::SetUp();
-        path_ = Path("Gewässer.db");
-        store::CreateDatabase(path_, store::DatabaseKind::Project);
-        database_ = store::Workspace().OpenDatabase(path_);
+        DatabaseFixture::SetUp();
         FillTree();
         FillTaxa();
         FillFindings();
-    }
-
-    void TearDown() override {
-        database_.reset();
-        FolderFixture::TearDown();
-    }
-
-    void Execute(std::initializer_list<const char*> statements) {
-        for (const char* statement : statements) database_->Execute(statement);
-    }
-
-    /// One field of the one row that a statement gives.
-    store::Value One(const std::string& statement) {
-        const auto rows = database_->OpenRecordset(statement);
-        EXPECT_FALSE(rows->Eof()) << statement;
-        return rows->Eof() ? store::Value() : (*rows)[std::size_t{0}];
     }
 
     std::vector<std::int32_t> Calculated() {
@@ -48,9 +28,6 @@ protected:
         for (; !rows->Eof(); rows->MoveNext()) ids.push_back((*rows)["ID"].I4());
         return ids;
     }
-
-    std::string path_;
-    store::DatabasePtr database_;
 
 private:
     void FillTree() {

@@ -1,7 +1,5 @@
 #include "calc/Testdatenbank.h"
 
-#include <filesystem>
-
 #include "calc/Gueteklasse.h"
 #include "store/ThreadValues.h"
 
@@ -12,49 +10,7 @@ std::string Z(double zahl) { return store::NumberText(zahl); }
 std::string Z(std::int32_t zahl) { return store::NumberText(zahl); }
 std::string Z(bool wert) { return wert ? "-1" : "0"; }
 
-std::string NeuerPfad() {
-    static int nummer = 0;
-    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    std::string name =
-        std::string(test->test_suite_name()) + "_" + test->name() + "_" + std::to_string(++nummer);
-    for (auto& zeichen : name) {
-        if (zeichen == '/') zeichen = '_';
-    }
-    return (std::filesystem::path(testing::TempDir()) / ("calc_" + name + ".db")).string();
-}
-
-void Entfernen(const std::string& pfad) {
-    std::error_code fehler;
-    for (const char* endung : {"", "-wal", "-shm", "-journal"})
-        std::filesystem::remove(pfad + endung, fehler);
-}
-
 }  // namespace
-
-Testdatenbank::Testdatenbank() : pfad_(NeuerPfad()) {
-    Entfernen(pfad_);
-    store::CreateDatabase(pfad_, store::DatabaseKind::Project);
-    datenbank_ = store::Workspace().OpenDatabase(pfad_);
-}
-
-Testdatenbank::~Testdatenbank() {
-    fuellung_.reset();
-    datenbank_.reset();
-    Entfernen(pfad_);
-}
-
-const store::DatabasePtr& Testdatenbank::Datenbank() {
-    if (fuellung_) {
-        fuellung_->Keep();
-        fuellung_.reset();
-    }
-    return datenbank_;
-}
-
-void Testdatenbank::Ausfuehren(const std::string& anweisung) {
-    if (!fuellung_) fuellung_.emplace(datenbank_->SharedConnection());
-    datenbank_->Execute(anweisung);
-}
 
 void Testdatenbank::Teilraum(std::int32_t id, const Deckungen& d) {
     Ausfuehren("INSERT INTO Teilraum (ID_TR, TRBez) VALUES(" + Z(id) + ", 'Blöcke " + Z(id) + "');");
@@ -65,7 +21,7 @@ void Testdatenbank::Teilraum(std::int32_t id, const Deckungen& d) {
 
 void Testdatenbank::ArtOhneWerte(std::int32_t id, std::int32_t gruppe) {
     const auto vorhanden =
-        datenbank_->OpenRecordset("SELECT ID_FAM FROM awaFamilie WHERE ID_FAM=" + Z(gruppe) + ";");
+        Handle()->OpenRecordset("SELECT ID_FAM FROM awaFamilie WHERE ID_FAM=" + Z(gruppe) + ";");
     if (vorhanden->Eof()) {
         Ausfuehren("INSERT INTO awaFamilie (ID_FAM, Familie, ID_GRGR) VALUES(" + Z(gruppe) + ", 'Familie', " +
                    Z(gruppe) + ");");
@@ -112,7 +68,7 @@ void Testdatenbank::Bestandsart(std::int32_t mi, std::int32_t art, double anteil
 
 void Testdatenbank::SetzeNull(const std::string& tabelle, const std::string& feld,
                               const std::string& bedingung) {
-    const auto zeile = datenbank_->OpenRecordset("SELECT * FROM " + tabelle + " WHERE " + bedingung + ";");
+    const auto zeile = Handle()->OpenRecordset("SELECT * FROM " + tabelle + " WHERE " + bedingung + ";");
     ASSERT_FALSE(zeile->Eof()) << tabelle << " has no row with " << bedingung;
     zeile->Edit();
     zeile->Collect(feld, store::Value());
@@ -121,8 +77,8 @@ void Testdatenbank::SetzeNull(const std::string& tabelle, const std::string& fel
 }
 
 store::Value Testdatenbank::Ergebnis(std::int32_t tr, const std::string& spalte, bool KAOnly) const {
-    const auto zeile = datenbank_->OpenRecordset("SELECT * FROM awaErgProjekt WHERE ID=" + Z(tr) +
-                                                 " AND KAOnly=" + Z(KAOnly) + ";");
+    const auto zeile = Handle()->OpenRecordset("SELECT * FROM awaErgProjekt WHERE ID=" + Z(tr) +
+                                               " AND KAOnly=" + Z(KAOnly) + ";");
     if (zeile->Eof()) {
         ADD_FAILURE() << "no result row for sub-habitat " << tr;
         return {};
@@ -131,7 +87,7 @@ store::Value Testdatenbank::Ergebnis(std::int32_t tr, const std::string& spalte,
 }
 
 bool Testdatenbank::HatErgebnis(std::int32_t tr) const {
-    return !datenbank_->OpenRecordset("SELECT ID FROM awaErgProjekt WHERE ID=" + Z(tr) + ";")->Eof();
+    return !Handle()->OpenRecordset("SELECT ID FROM awaErgProjekt WHERE ID=" + Z(tr) + ";")->Eof();
 }
 
 std::vector<std::int32_t> Testdatenbank::Klassen(std::int32_t tr) const {
@@ -144,7 +100,7 @@ std::vector<std::int32_t> Testdatenbank::Klassen(std::int32_t tr) const {
 }
 
 std::vector<std::string> Testdatenbank::Abzug(const std::string& tabelle) const {
-    const auto zeilen = datenbank_->OpenRecordset("SELECT * FROM " + tabelle + ";");
+    const auto zeilen = Handle()->OpenRecordset("SELECT * FROM " + tabelle + ";");
     std::vector<std::string> abzug;
     for (; !zeilen->Eof(); zeilen->MoveNext()) {
         std::string text;

@@ -7,11 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "FX_Algen/Create.h"
 #include "FX_Algen/Error.h"
 #include "FX_Algen/Messages.h"
 #include "FX_Algen/Store.h"
-#include "store/Connection.h"
+#include "support/Testdatei.h"
 
 namespace FX_Algen {
 
@@ -43,16 +42,9 @@ struct Fundwerte {
 };
 
 /// A small project database in a temporary file, filled row by row.
-class Testdatenbank {
+class Testdatenbank : public Testdatei {
 public:
-    Testdatenbank();
-    ~Testdatenbank();
-    Testdatenbank(const Testdatenbank&) = delete;
-    Testdatenbank& operator=(const Testdatenbank&) = delete;
-
-    /// The database with all that was filled in.
-    const store::DatabasePtr& Datenbank();
-    void Ausfuehren(const std::string& anweisung);
+    Testdatenbank() : Testdatei("calc") {}
 
     /// Sub-habitat "Teilraum <id>" with its covers.
     void Teilraum(std::int32_t id, const Deckungen& deckungen);
@@ -75,12 +67,6 @@ public:
     std::vector<std::int32_t> Klassen(std::int32_t tr) const;
     /// Every row of a table, with its values as text.
     std::vector<std::string> Abzug(const std::string& tabelle) const;
-
-private:
-    std::string pfad_;
-    store::DatabasePtr datenbank_;
-    /// Rows are filled in together: a statement each would wait for the disk each time.
-    std::optional<store::Savepoint> fuellung_;
 };
 
 /// Records the boxes of the calling thread while it lives.

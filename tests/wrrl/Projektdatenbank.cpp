@@ -1,10 +1,5 @@
 #include "wrrl/Projektdatenbank.h"
 
-#include <unistd.h>
-
-#include <filesystem>
-
-#include "FX_Algen/Create.h"
 #include "store/ThreadValues.h"
 
 namespace FX_Algen {
@@ -28,52 +23,9 @@ std::string Konstante(const Value& wert) {
 
 Value OderNull(const std::optional<std::int32_t>& wert) { return wert ? Value(*wert) : Value(); }
 
-std::string NeuerPfad() {
-    static int nummer = 0;
-    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    // With the process: two builds may run their tests at the same time.
-    std::string name = std::string(test->test_suite_name()) + "_" + test->name() + "_" +
-                       std::to_string(getpid()) + "_" + std::to_string(++nummer);
-    for (auto& zeichen : name) {
-        if (zeichen == '/') zeichen = '_';
-    }
-    return (std::filesystem::path(testing::TempDir()) / ("wrrl_Prüfung_" + name + ".db")).string();
-}
-
-void Entfernen(const std::string& pfad) {
-    std::error_code fehler;
-    for (const char* endung : {"", "-wal", "-shm", "-journal"})
-        std::filesystem::remove(pfad + endung, fehler);
-}
-
 }  // namespace
 
-Projektdatenbank::Projektdatenbank() : pfad_(NeuerPfad()) {
-    Entfernen(pfad_);
-    store::CreateDatabase(pfad_, store::DatabaseKind::Project);
-    datenbank_ = store::Workspace().OpenDatabase(pfad_);
-}
-
-Projektdatenbank::~Projektdatenbank() {
-    fuellung_.reset();
-    datenbank_.reset();
-    Entfernen(pfad_);
-}
-
-const store::DatabasePtr& Projektdatenbank::Datenbank() {
-    if (fuellung_) {
-        fuellung_->Keep();
-        fuellung_.reset();
-    }
-    return datenbank_;
-}
-
 // ---- any table -----------------------------------------------------------------------------------------
-
-void Projektdatenbank::Ausfuehren(const std::string& anweisung) {
-    if (!fuellung_) fuellung_.emplace(datenbank_->SharedConnection());
-    datenbank_->Execute(anweisung);
-}
 
 void Projektdatenbank::Zeile(std::string_view tabelle, Felder felder) {
     std::string namen;
@@ -87,7 +39,7 @@ void Projektdatenbank::Zeile(std::string_view tabelle, Felder felder) {
 
 void Projektdatenbank::Setze(const std::string& tabelle, const std::string& feld,
                              const std::string& bedingung, const Value& wert) {
-    const auto zeile = datenbank_->OpenRecordset("SELECT * FROM " + tabelle + " WHERE " + bedingung + ";");
+    const auto zeile = Handle()->OpenRecordset("SELECT * FROM " + tabelle + " WHERE " + bedingung + ";");
     ASSERT_FALSE(zeile->Eof()) << tabelle << " has no row with " << bedingung;
     zeile->Edit();
     zeile->Collect(feld, wert);
@@ -176,7 +128,7 @@ void Projektdatenbank::Grossgruppe(std::int32_t id, const Value& RF_Kieselalge) 
 
 void Projektdatenbank::Familie(std::int32_t gruppe) {
     const auto vorhanden =
-        datenbank_->OpenRecordset("SELECT ID_FAM FROM awaFamilie WHERE ID_FAM=" + Z(gruppe) + ";");
+        Handle()->OpenRecordset("SELECT ID_FAM FROM awaFamilie WHERE ID_FAM=" + Z(gruppe) + ";");
     if (!vorhanden->Eof()) return;
     Zeile("awaFamilie", {{"ID_FAM", gruppe}, {"Familie", "Familie " + Z(gruppe)}, {"ID_GRGR", gruppe}});
     Zeile("awaUnterFam",

@@ -14,7 +14,7 @@
 #include "FX_Algen/Messages.h"
 #include "FX_Algen/Store.h"
 #include "FX_Algen/Value.h"
-#include "store/Connection.h"
+#include "support/Testdatei.h"
 
 namespace FX_Algen {
 
@@ -58,21 +58,13 @@ struct Fundwerte {
 
 /// A new project database in a temporary file, filled row by row. It has the rows that every new database
 /// has: the major groups 120 to 137, of which 128 are the diatoms, 132 the mosses.
-class Projektdatenbank {
+class Projektdatenbank : public Testdatei {
 public:
     using Felder = std::initializer_list<std::pair<std::string_view, store::Value>>;
 
-    Projektdatenbank();
-    ~Projektdatenbank();
-    Projektdatenbank(const Projektdatenbank&) = delete;
-    Projektdatenbank& operator=(const Projektdatenbank&) = delete;
-
-    /// The database with all that was filled in.
-    const store::DatabasePtr& Datenbank();
-    const std::string& Pfad() const noexcept { return pfad_; }
+    Projektdatenbank() : Testdatei("wrrl_Prüfung") {}
 
     // ---- any table --------------------------------------------------------------------------------------
-    void Ausfuehren(const std::string& anweisung);
     /// Inserts a row.
     void Zeile(std::string_view tabelle, Felder felder);
     /// Sets a field of the first row that meets the condition; without a value: to Null.
@@ -140,11 +132,6 @@ public:
 
 private:
     void Familie(std::int32_t gruppe);
-
-    std::string pfad_;
-    store::DatabasePtr datenbank_;
-    /// Rows are filled in together: a statement each would wait for the disk each time.
-    std::optional<store::Savepoint> fuellung_;
 };
 
 /// Stands in for a person while it lives: records boxes and the calls of the progress form.
