@@ -19,9 +19,9 @@ protected:
 const std::string Findings =
     " awaArtPrStelle JOIN awaPrStelle USING (ID_PS) JOIN awaModulStandard USING (ID_ART) ";
 
-TEST_F(DemoSamples, TwoRiversWithStationsAndVisitsAndSubHabitats) {
-    EXPECT_EQ(db.Number("SELECT Count(DISTINCT Gewaessername) FROM UnvUStelle"), 2);
-    EXPECT_EQ(db.Number("SELECT Count(*) FROM Projekt"), 2);
+TEST_F(DemoSamples, ThreeRiversWithStationsAndVisitsAndSubHabitats) {
+    EXPECT_EQ(db.Number("SELECT Count(DISTINCT Gewaessername) FROM UnvUStelle"), 3);
+    EXPECT_EQ(db.Number("SELECT Count(*) FROM Projekt"), 3);
     EXPECT_THAT(db.Number("SELECT Count(DISTINCT USDatumVon) FROM VerUStelle"), Ge(6));
     EXPECT_THAT(db.Number("SELECT Count(*) FROM Teilraum"), Ge(14));
     EXPECT_EQ(
@@ -109,7 +109,8 @@ TEST_F(DemoSamples, DiatomCountsAreTrueToLife) {
 }
 
 TEST_F(DemoSamples, OneIsNotCountedAndOneIsEmpty) {
-    EXPECT_THAT(db.Column("SELECT ID_TR FROM Teilraum WHERE ID_TR NOT IN (SELECT ID_TR FROM awaTeilraum)"),
+    EXPECT_THAT(db.Column("SELECT ID_TR FROM Teilraum WHERE ID_TR NOT IN (SELECT ID_TR FROM awaTeilraum)"
+                          " AND ID_TR NOT IN (SELECT ID_TR FROM sesTeilraum)"),
                 ElementsAre("7"));
     EXPECT_THAT(
         db.Column("SELECT ID_TR FROM awaTeilraum WHERE ID_TR IN (SELECT ID_TR FROM awaPrStelle) AND"
