@@ -43,7 +43,7 @@ bench: packages
 
 install: packages
 	cmake --preset release
-	cmake --build --preset release -j $(JOBS) --target FX_Algen fxalgen
+	cmake --build --preset release -j $(JOBS) --target FX_Algen FX_Algen_ui fxalgen
 	cmake --install $(RELEASE) --prefix "$(PREFIX)"
 
 format:

@@ -18,8 +18,19 @@ set_target_properties(fxalgen PROPERTIES INSTALL_RPATH "$ORIGIN/${FX_ALGEN_LIB_F
 
 install(TARGETS FX_Algen EXPORT FX_AlgenTargets)
 install(TARGETS fxalgen RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/FX_Algen DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/FX_Algen DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+    FILES_MATCHING PATTERN "*.h" PATTERN "ui" EXCLUDE)
 install(EXPORT FX_AlgenTargets NAMESPACE FX_Algen:: DESTINATION ${FX_ALGEN_PACKAGE_DIR})
+
+# An export of its own, which the package reads only for whoever asks for the component.
+if(FX_ALGEN_UI)
+    set_target_properties(FX_Algen_ui PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+    target_compile_features(FX_Algen_ui PUBLIC cxx_std_20)
+    install(TARGETS FX_Algen_ui EXPORT FX_AlgenUiTargets)
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/FX_Algen/ui DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/FX_Algen
+        FILES_MATCHING PATTERN "*.h")
+    install(EXPORT FX_AlgenUiTargets NAMESPACE FX_Algen:: DESTINATION ${FX_ALGEN_PACKAGE_DIR})
+endif()
 
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/FX_AlgenConfig.cmake.in
     ${PROJECT_BINARY_DIR}/FX_AlgenConfig.cmake INSTALL_DESTINATION ${FX_ALGEN_PACKAGE_DIR})

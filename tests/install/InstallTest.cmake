@@ -25,7 +25,7 @@ run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
 must_exist(bin/fxalgen include/FX_Algen/AL_PS.h include/FX_Algen/Store.h FX_AlgenConfig.cmake
     FX_AlgenConfigVersion.cmake FX_AlgenTargets.cmake README.md LICENSE)
 file(GLOB_RECURSE foreign ${prefix}/include/*)
-list(FILTER foreign EXCLUDE REGEX "/include/FX_Algen/[A-Za-z_]+\\.h$")
+list(FILTER foreign EXCLUDE REGEX "/include/FX_Algen/(ui/)?[A-Za-z_]+\\.h$")
 if(foreign)
     message(FATAL_ERROR "Installed beside the public headers: ${foreign}")
 endif()
