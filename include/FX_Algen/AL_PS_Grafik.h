@@ -57,7 +57,7 @@ public:
     }
     /// Dominance chart: 1 all but diatoms, 2 diatoms.
     void Grafik_Algenart(std::int16_t value) noexcept { kontext_.Grafik_Algenart = value; }
-    /// Number of taxa in the dominance chart.
+    /// Number of taxa in the last dominance chart that had any.
     std::int16_t Grafik_Artenanzahl() const { return ergebnis_.Grafik_Artenanzahl; }
     /// Only taxa above this relative abundance, in percent.
     void Grafik_MaxDomWert(float value) noexcept { kontext_.Grafik_MaxDomWert = value; }
@@ -75,16 +75,32 @@ public:
     void Pbar_SBWidth(float value) noexcept { kontext_.Pbar_SBWidth = value; }
     /// Height of the progress form.
     void Pbar_SBHeight(float value) noexcept { kontext_.Pbar_SBHeight = value; }
-    /// Handed to the frequency list.
+    /// Suppresses nothing: the frequency list does not act on it.
     void SilentModus(bool value) noexcept { kontext_.SilentModus = value; }
-    /// Shows intermediate values in blocking boxes.
+    /// Shows intermediate values of the frequency list in blocking boxes.
     void DebugModus(bool value) noexcept { kontext_.DebugModus = value; }
-    /// Handed to the frequency list.
+    /// Whether the frequency list is built from the covers and taxa of the assessment.
     void IstWRRLBerechnung(bool value) noexcept { kontext_.IstWRRLBerechnung = value; }
 
-    /// Prepares the distribution chart. Fails with 445.
+    /// Prepares the distribution chart that `Grafik_Verteilungsart` selects: `Grafik_SQL` yields a row for
+    /// each sampling site marked for display with a result of its sub-habitat, with the label `Stelle` and
+    /// the values `Wert1` to `Wert10` as the result table holds them (Null where it holds none; the text "0"
+    /// beyond `Grafik_Balkenanzahl`); title, bars and legend go with it. A sub-habitat with two results has
+    /// two rows a site. The statement is not opened: where `Grafik_Stellenbez` is none of its numbers, the
+    /// store rejects it with 3075.
+    ///
+    /// Any other `Grafik_Verteilungsart` leaves all outputs as they were, and so does a failure: 326 where
+    /// the string table has no text under `SprachID`, 6 where the numbers add up to more than 16 bits.
     void Grafik_Verteilung_Init();
-    /// Prepares the dominance chart. Fails with 445.
+    /// Prepares the dominance chart of `TeilraumID` for the group that `Grafik_Algenart` selects:
+    /// `Grafik_SQL` yields the taxa above `Grafik_MaxDomWert` percent as `Taxa` and `Wert`, the most abundant
+    /// last; a taxon noted with and without cf. comes twice. `Grafik_Artenanzahl` is their number and stays
+    /// as it was where there is none.
+    ///
+    /// With `Grafik_ArtDomBerechnen` the frequency list of the scope is rebuilt first; else the one of an
+    /// earlier call serves. All outputs stay as they were where the list cannot be built, for any other
+    /// `Grafik_Algenart`, and on a failure: 3078 without a list, 3061 where the list has no column of the
+    /// sub-habitat, 326 or 6 where a text is missing. Shows the progress form meanwhile.
     void Grafik_ArtenDom_Init();
 
 private:
@@ -126,6 +142,7 @@ private:
         std::string Grafik_Res_Stellenbez;
     };
 
+    void SprachID_Anheben() noexcept;
     static store::Value Eintrag(const char* member, const Liste& liste, std::int16_t tmpwert);
 
     Kontext kontext_;

@@ -13,10 +13,10 @@
 #include "calc/Lesen.h"
 #include "calc/Schritte.h"
 #include "store/KeptRows.h"
-#include "store/ThreadValues.h"
 #include "wrrl/ArtenlisteAbfragen.h"
 #include "wrrl/ArtenlisteSpalte.h"
 #include "wrrl/ArtenlisteTabelle.h"
+#include "wrrl/Fortschrittsanzeige.h"
 
 namespace FX_Algen {
 namespace {
@@ -24,37 +24,6 @@ namespace {
 using namespace artenliste;
 using store::NumberText;
 using store::Value;
-
-/// The progress form, from its showing to its end, however that comes.
-class Fortschrittsanzeige {
-public:
-    Fortschrittsanzeige() = default;
-    ~Fortschrittsanzeige() {
-        try {
-            if (hWnd_ > 0) store::Port().ProgressHide(hWnd_);
-        } catch (...) {
-            // The list does not rest on the display, and nothing may leave here while another failure does.
-        }
-    }
-    Fortschrittsanzeige(const Fortschrittsanzeige&) = delete;
-    Fortschrittsanzeige& operator=(const Fortschrittsanzeige&) = delete;
-
-    /// Nothing where the host gave no window.
-    void Zeigen(const Fortschritt& platz) {
-        if (platz.hWnd <= 0) return;
-        store::Port().ProgressShow(platz.hWnd, platz.Left, platz.Top, platz.Width, platz.Height);
-        hWnd_ = platz.hWnd;
-        Zeichnen(0);
-    }
-    void Erledigt(std::size_t anzahl, std::size_t von) const {
-        if (hWnd_ > 0) Zeichnen(static_cast<double>(anzahl) / static_cast<double>(von) * 100);
-    }
-
-private:
-    static void Zeichnen(double prozent) { store::Port().ProgressDraw(Value(prozent).I2(), {}); }
-
-    std::int32_t hWnd_ = 0;  ///< above 0 while it is shown
-};
 
 /// A sub-habitat of the scope with the covers of the variant in use.
 struct Teilraum {

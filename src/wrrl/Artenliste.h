@@ -17,6 +17,7 @@ struct Fortschritt {
     float Top = 0;
     float Width = 0;
     float Height = 0;
+    std::string Text = {};  ///< shown behind the percentage
 };
 
 /// What the list is built from and for.

@@ -38,23 +38,5 @@ TEST(AL_PS_Grafik, IndexOutsideTheListFailsWith381AndNamesTheMember) {
         }
 }
 
-TEST(AL_PS_Grafik, OperationsToComeFailWith445AndTheirName) {
-    using Operation = void (AL_PS_Grafik::*)();
-    const std::pair<const char*, Operation> operations[] = {
-        {"Grafik_Verteilung_Init", &AL_PS_Grafik::Grafik_Verteilung_Init},
-        {"Grafik_ArtenDom_Init", &AL_PS_Grafik::Grafik_ArtenDom_Init},
-    };
-    AL_PS_Grafik grafik;
-    for (const auto& [name, operation] : operations) {
-        try {
-            (grafik.*operation)();
-            ADD_FAILURE() << name;
-        } catch (const Error& error) {
-            EXPECT_EQ(error.Number(), ErrorNumber::NotBuilt);
-            EXPECT_THAT(error.Description(), testing::HasSubstr(std::string("AL_PS_Grafik.") + name + ":"));
-        }
-    }
-}
-
 }  // namespace
 }  // namespace FX_Algen
