@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "FX_Algen/Chart.h"
+
+/// The pieces that charts are put together from.
+namespace FX_Algen::charts {
+
+inline double Right(const Rect& rect) { return rect.X + rect.Width; }
+inline double Bottom(const Rect& rect) { return rect.Y + rect.Height; }
+
+/// Black or white, whichever can be read better on a colour.
+Colour ContrastOn(Colour ground);
+
+/// Lines of text below each other; `y` is the top of the first one, `x` the side that `side` names.
+void AddLines(std::vector<Element>& elements, const std::vector<std::string>& lines, double x, double y,
+              Align side, const Font& font, Colour pen, const FontMetrics& metrics);
+
+/// Lines of text that read upwards, side by side; `x` is the left edge of the first one, `y` the end that
+/// `side` names: the lower one with Left, the upper one with Right.
+void AddTurnedLines(std::vector<Element>& elements, const std::vector<std::string>& lines, double x, double y,
+                    Align side, const Font& font, Colour pen, const FontMetrics& metrics);
+
+/// A number whose digits have their middle at `y`.
+void AddNumber(std::vector<Element>& elements, const std::string& text, double x, double y, Align side,
+               const Font& font, Colour pen);
+
+/// An area in the colour of a series, with its hatch and a thin dark outline.
+void AddSegment(std::vector<Element>& elements, const Rect& place, const std::vector<Series>& allSeries,
+                std::size_t series);
+
+/// Writes a value into a segment where it fits, over a hatch on a plate in the segment's own colour. Tells
+/// whether it did.
+bool AddValueInside(std::vector<Element>& elements, const Rect& place, const std::string& text,
+                    const Series& series, const FontMetrics& metrics);
+
+}  // namespace FX_Algen::charts
