@@ -26,8 +26,11 @@ struct DistributionRequest {
 };
 
 /// The distribution chart of `Grafik_Verteilung_Init`: one bar for each sampling site with a result row, as
-/// the result table holds it. Fails as that operation and its statement do; with 13 where `Verteilungsart`
-/// or `Stellenbez` is none of theirs.
+/// the result table holds it; Null is absent. Footnotes tell of sub-habitats with two results, whose sites
+/// have two bars, and of a table that holds no value at all. The axis of valences ends at 10, unless another
+/// program left values of another scale. Fails as that operation and its statement do; with 13 where
+/// `Verteilungsart` or `Stellenbez` is none of theirs, with 3343 where `Teilraeume` is given and the file is
+/// read-only or locked.
 charts::Chart ReadDistributionChart(const DistributionRequest& request);
 
 /// Which dominance charts.
@@ -46,7 +49,8 @@ struct DominanceRequest {
 };
 
 /// The dominance chart of `Grafik_ArtenDom_Init` for one sub-habitat, most abundant taxon on top. Fails as
-/// that operation and its statement do; with 3021 where the list could not be built.
+/// that operation and its statement do; with 13 where `Algenart` is none of its groups, with 3021 where the
+/// list could not be built.
 charts::Chart ReadDominanceChart(const DominanceRequest& request);
 
 }  // namespace FX_Algen

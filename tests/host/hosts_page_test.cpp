@@ -108,6 +108,44 @@ int Assess(const std::string& path, std::ostream& out) {
     return failed;
 }
 // end of the assessment
+
+// begin of the charts
+void Charts(const std::string& path, std::int32_t project, std::int32_t subhabitat, std::ostream& out) {
+    const auto workspace = std::make_shared<store::Workspace>();
+    const auto database = workspace->OpenDatabase(path);
+
+    AL_PS_Grafik grafik;
+    grafik.CurrentDB(database);
+    grafik.SprachID(Language::English);
+    grafik.Grafik_Verteilungsart(2);
+    grafik.Grafik_Stellenbez(1);
+    grafik.Grafik_Verteilung_Init();
+    out << grafik.Grafik_Standardtitel() << '\n';
+    const auto sites = database->OpenRecordset(grafik.Grafik_SQL());
+    for (; !sites->Eof(); sites->MoveNext()) {
+        out << (*sites)["Stelle"].Text() << ':';
+        for (std::int16_t bar = 1; bar <= grafik.Grafik_Balkenanzahl(); ++bar) {
+            const auto& value = (*sites)["Wert" + std::to_string(bar)];
+            if (value.IsNull()) continue;  // no value is no bar, and not 0
+            out << ' ' << grafik.Grafik_Legendentext(bar).Text() << '=' << value.Text();
+        }
+        out << '\n';
+    }
+
+    DominanceRequest request;
+    request.Database = database;
+    request.DBName = path;
+    request.SprachID = Language::English;
+    request.ProjektID = project;
+    request.TeilraumID = subhabitat;
+    request.Algenart = 2;  // diatoms
+    request.MaxDomWert = 1.5F;
+    const auto chart = ReadDominanceChart(request);
+    out << chart.Title << '\n';
+    for (const auto& taxon : chart.Sites)
+        out << taxon.Label << ": " << store::NumberText(taxon.Values[0].value()) << '\n';
+}
+// end of the charts
 // clang-format on
 
 namespace {
@@ -137,6 +175,10 @@ TEST(HostsPage, ShowsTheExampleThatIsCompiledHere) {
                                     "// begin of the assessment\n", "// end of the assessment\n");
     ASSERT_FALSE(assessment.empty());
     EXPECT_NE(FileText("docs/hosts.md").find("```cpp\n" + assessment + "```"), std::string::npos);
+    const auto charts = Between(FileText("tests/host/hosts_page_test.cpp"), "// begin of the charts\n",
+                                "// end of the charts\n");
+    ASSERT_FALSE(charts.empty());
+    EXPECT_NE(FileText("docs/hosts.md").find("```cpp\n" + charts + "```"), std::string::npos);
 }
 
 TEST(HostsPage, ExampleCalculatesAndReportsFailures) {
@@ -223,6 +265,33 @@ TEST(HostsPage, AssessmentExampleTellsClassesAndWhatIsMissing) {
     EXPECT_EQ(Assess(db.Path(), out), 1);
     EXPECT_THAT(out.str(), testing::MatchesRegex("(17: no row in awaWRRL_(TGZK|ETI|TIOEZK|RBioregionstyp|ERI|"
                                                  "RIOEZK)\n)+18: no sampling site[^\n]*\n17 mäßig gut\n"));
+}
+
+TEST(HostsPage, ChartsExampleTellsClassesOfSitesAndTaxaFromTheMostAbundantOn) {
+    test::TestDatabase db;
+    for (const auto* statement :
+         {"INSERT INTO Projekt (ID_PRJ, PRJBez) VALUES (2, 'Bäche');",
+          "INSERT INTO Abschnitt (ID_AB, ID_PRJ) VALUES (1, 2);",
+          "INSERT INTO UnvUStelle (ID_UUS, ID_AB, USBez) VALUES (1, 1, 'Brücke');",
+          "INSERT INTO VerUStelle (ID_VUS, ID_UUS, USDatumVon) VALUES (1, 1, #5/12/2026#);",
+          "INSERT INTO Teilraum (ID_TR, ID_VUS) VALUES (17, 1);",
+          "INSERT INTO awaTeilraum (ID_TR) VALUES (17);",
+          "INSERT INTO awaPrStelle (ID_PS, ID_TR, PSBez) VALUES (1, 17, 'Ufer');",
+          "INSERT INTO awaFamilie (ID_FAM, Familie, ID_GRGR) VALUES (1, 'Achnanthidiaceae', 128);",
+          "INSERT INTO awaUnterFam (ID_UFAM, ID_FAM) VALUES (1, 1);",
+          "INSERT INTO awaArt (ID_ART, ID_UFAM, Gattung, Art) VALUES (5, 1, 'Grün', 'ähnlich');",
+          "INSERT INTO awaArt (ID_ART, ID_UFAM, Gattung, Art) VALUES (6, 1, 'Öd', 'selten');",
+          "INSERT INTO awaArtPrStelle (ID_PS, ID_ART, CF, Schalen_KA) VALUES (1, 5, True, 47);",
+          "INSERT INTO awaArtPrStelle (ID_PS, ID_ART, CF, Schalen_KA) VALUES (1, 5, False, 80);",
+          "INSERT INTO awaArtPrStelle (ID_PS, ID_ART, CF, Schalen_KA) VALUES (1, 6, False, 1);",
+          "INSERT INTO awaErgProjekt (ID, ANZ_Gueteklasse_I_II, ANZ_Gueteklasse_III) VALUES (17, 0, 4);"})
+        db.Handle->Execute(statement);
+    std::ostringstream out;
+    Charts(db.Path(), 2, 17, out);
+    // Of 128 valves 80 are 62.5 %, 47 are 36.71875 %; 1 is 0.78125 %, which is not above 1.5 %.
+    EXPECT_EQ(out.str(),
+              "Number of taxa per quality class\nBrücke 12.05.2026 Ufer: I-II=0 III=4\n"
+              "Relative frequencies of diatoms (%)\nGrün ähnlich: 62.5\nGrün cf. ähnlich: 36.71875\n");
 }
 
 }  // namespace
