@@ -2,14 +2,13 @@
 
 #include <QHelpEvent>
 #include <QKeyEvent>
-#include <QLocale>
 #include <QPainter>
 #include <QStringList>
 #include <QToolTip>
 #include <algorithm>
 #include <cmath>
 
-#include "FX_Algen/Texts.h"
+#include "charts/Numbers.h"
 #include "ui/Fonts.h"
 
 namespace FX_Algen::ui {
@@ -21,16 +20,12 @@ constexpr double Margin = 12;  ///< points; a window needs no room for punching
 /// this page scaled down.
 constexpr double LeastWidth = 360;
 constexpr double LeastHeight = 270;
+/// The part of a printed page that a window usually shows.
+constexpr double UsualPart = 0.8;
 constexpr int FocusWidth = 2;
 
 bool Holds(const charts::Rect& rect, double x, double y) {
     return x >= rect.X && x <= rect.X + rect.Width && y >= rect.Y && y <= rect.Y + rect.Height;
-}
-
-QString ValueText(const charts::Chart& chart, double value) {
-    QLocale locale(chart.SprachID < Language::English ? QLocale::German : QLocale::English);
-    locale.setNumberOptions(QLocale::OmitGroupSeparator);
-    return locale.toString(value, 'f', chart.WholeNumbers ? 0 : 2);
 }
 
 std::optional<std::size_t> FirstSite(const charts::Page& page) {
@@ -74,8 +69,9 @@ QString ChartWidget::BarTextAt(const QPoint& place) const {
 }
 
 QSize ChartWidget::sizeHint() const {
-    return {qRound(842 * logicalDpiX() / PointsAnInch * 0.8),
-            qRound(595 * logicalDpiY() / PointsAnInch * 0.8)};
+    const charts::PageSize page;
+    return {qRound(UsualPart * page.Width * logicalDpiX() / PointsAnInch),
+            qRound(UsualPart * page.Height * logicalDpiY() / PointsAnInch)};
 }
 
 QSize ChartWidget::minimumSizeHint() const {
@@ -187,7 +183,7 @@ const charts::DrawnBar* ChartWidget::BarAt(const QPoint& place) const {
 QString ChartWidget::BarText(const charts::DrawnBar& bar) const {
     const auto& legend = chart_.AllSeries.at(bar.Series).Legend;
     const auto what = ToText(legend.empty() ? chart_.AxisTitle : legend);
-    const auto value = ValueText(chart_, bar.Value);
+    const auto value = ToText(charts::ValueText(bar.Value, chart_.WholeNumbers, chart_.SprachID));
     return ToText(chart_.Sites.at(bar.Site).Label) + u'\n' +
            (what.isEmpty() ? value : what + QStringLiteral(": ") + value);
 }
