@@ -14,6 +14,8 @@ namespace {
 constexpr double kDigitHeight = 0.73;
 /// What stays free around a value in its segment.
 constexpr double kValuePadding = 1.5;
+/// What stays free of grid lines around a value.
+constexpr double kGridPadding = 0.8;
 
 /// Luminance relative to white, 0 to 1, as IEC 61966-2-1 defines it for a screen.
 double Luminance(Colour colour) {
@@ -61,30 +63,44 @@ void AddNumber(std::vector<Element>& elements, const std::string& text, double x
                                 .Side = side});
 }
 
+void AddNumberOnGrid(std::vector<Element>& elements, const std::string& text, double x, double y, Align side,
+                     const Font& font, const FontMetrics& metrics) {
+    const double width = metrics.Width(text, font);
+    const double height = kDigitHeight * font.Points;
+    const double before = side == Align::Left ? 0 : side == Align::Right ? width : width / 2;
+    elements.emplace_back(FilledArea{{x - before - kGridPadding, y - height / 2 - kGridPadding,
+                                      width + 2 * kGridPadding, height + 2 * kGridPadding},
+                                     Colour{255, 255, 255}});
+    AddNumber(elements, text, x, y, side, font, kTextColour);
+}
+
 void AddSegment(std::vector<Element>& elements, const Rect& place, const std::vector<Series>& allSeries,
                 std::size_t series) {
     const Series& drawn = allSeries[series];
     elements.emplace_back(FilledArea{place, PaletteColour(drawn.ColourNumber)});
     if (drawn.Hatched) {
         const Colour pen = PaletteColour(drawn.HatchColourNumber);
-        for (const Stroke& line : HatchLines(place, HatchDirectionOf(allSeries, series), pen))
+        for (const Stroke& line : HatchLines(place, HatchOf(allSeries, series), pen))
             elements.emplace_back(line);
     }
     elements.emplace_back(Outline{place, kOutlineColour, kOutlineWidth});
 }
 
-bool AddValueInside(std::vector<Element>& elements, const Rect& place, const std::string& text,
+double WidthForValue(const std::string& text, const FontMetrics& metrics) {
+    return metrics.Width(text, kValueFont) + 2 * kValuePadding + 2 * kOutlineWidth;
+}
+
+void AddValueInside(std::vector<Element>& elements, const Rect& place, const std::string& text,
                     const Series& series, const FontMetrics& metrics) {
     const double width = metrics.Width(text, kValueFont) + 2 * kValuePadding;
     const double height = kDigitHeight * kValueFont.Points + 2 * kValuePadding;
-    if (width > place.Width - 2 * kOutlineWidth || height > place.Height - 2 * kOutlineWidth) return false;
+    if (WidthForValue(text, metrics) > place.Width || height > place.Height - 2 * kOutlineWidth) return;
     const Colour ground = PaletteColour(series.ColourNumber);
     const double x = place.X + place.Width / 2;
     const double y = place.Y + place.Height / 2;
     if (series.Hatched)
         elements.emplace_back(FilledArea{{x - width / 2, y - height / 2, width, height}, ground});
     AddNumber(elements, text, x, y, Align::Centre, kValueFont, ContrastOn(ground));
-    return true;
 }
 
 }  // namespace FX_Algen::charts

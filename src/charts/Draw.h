@@ -27,13 +27,19 @@ void AddTurnedLines(std::vector<Element>& elements, const std::vector<std::strin
 void AddNumber(std::vector<Element>& elements, const std::string& text, double x, double y, Align side,
                const Font& font, Colour pen);
 
+/// The same beside a bar, on white, so that no grid line crosses it.
+void AddNumberOnGrid(std::vector<Element>& elements, const std::string& text, double x, double y, Align side,
+                     const Font& font, const FontMetrics& metrics);
+
 /// An area in the colour of a series, with its hatch and a thin dark outline.
 void AddSegment(std::vector<Element>& elements, const Rect& place, const std::vector<Series>& allSeries,
                 std::size_t series);
 
-/// Writes a value into a segment where it fits, over a hatch on a plate in the segment's own colour. Tells
-/// whether it did.
-bool AddValueInside(std::vector<Element>& elements, const Rect& place, const std::string& text,
+/// Width of a segment that has room for a value inside.
+double WidthForValue(const std::string& text, const FontMetrics& metrics);
+
+/// Writes a value into a segment where it fits, over a hatch on a plate in the segment's own colour.
+void AddValueInside(std::vector<Element>& elements, const Rect& place, const std::string& text,
                     const Series& series, const FontMetrics& metrics);
 
 }  // namespace FX_Algen::charts

@@ -17,7 +17,8 @@ namespace {
 
 constexpr std::int16_t kPageText = 5610;
 constexpr double kGapBelowTitle = 2;
-constexpr double kGapAroundLegend = 8;
+constexpr double kGapAboveLegend = 8;
+constexpr double kGapAboveBars = 12;
 constexpr double kGapAboveFoot = 8;
 constexpr double kLeast = 1;
 
@@ -53,11 +54,11 @@ Frame MakeFrame(const Chart& chart, const FontMetrics& metrics, const PageSize& 
     top = AddHeading(frame.Empty, chart.Subtitle, frame.Content, top, kSubtitleFont, metrics);
     if (!chart.Sites.empty()) {
         Legend legend =
-            MakeLegend(chart, frame.Content.X, top + kGapAroundLegend, frame.Content.Width, metrics);
-        if (legend.Height > 0) top += kGapAroundLegend + legend.Height;
+            MakeLegend(chart, frame.Content.X, top + kGapAboveLegend, frame.Content.Width, metrics);
+        if (legend.Height > 0) top += kGapAboveLegend + legend.Height;
         std::move(legend.Elements.begin(), legend.Elements.end(), std::back_inserter(frame.Empty.Elements));
     }
-    top += kGapAroundLegend;
+    top += kGapAboveBars;
 
     // The number has the last line for itself, so that notes have the whole width.
     const std::vector<std::string> notes = FootLines(chart, frame.Content.Width, metrics);

@@ -14,14 +14,20 @@ enum class HatchDirection : std::uint8_t {
     Falling,  ///< from upper left to lower right
 };
 
-/// The direction of a series' hatch. A class between two others has the colour of one of them and the hatch
-/// of the other: lines rise where the hatch has the colour of the series before it and fall where it has that
-/// of the series behind it, so that two classes of one colour differ without any colour. Rising where it has
-/// neither.
-HatchDirection HatchDirectionOf(const std::vector<Series>& allSeries, std::size_t series);
+struct Hatch {
+    HatchDirection Direction = HatchDirection::Rising;
+    bool Coarse = false;  ///< broader lines at a greater distance
+    friend bool operator==(const Hatch&, const Hatch&) = default;
+};
+
+/// The hatch of a series. A class between two others has the colour of one of them and the hatch of the
+/// other: lines rise where the hatch has the colour of the series before it and fall where it has that of the
+/// series behind it, so that two classes of one colour differ without any colour. They rise where it has
+/// neither. Of the hatches of one direction every second one is coarse.
+Hatch HatchOf(const std::vector<Series>& allSeries, std::size_t series);
 
 /// The lines of a hatch in an area, cut so that also their corners stay inside it. One line begins in the
 /// left corner, so that the smallest area shows a piece of it.
-std::vector<Stroke> HatchLines(const Rect& area, HatchDirection direction, Colour pen);
+std::vector<Stroke> HatchLines(const Rect& area, const Hatch& hatch, Colour pen);
 
 }  // namespace FX_Algen::charts

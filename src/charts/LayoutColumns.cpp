@@ -104,20 +104,29 @@ private:
     }
 
     void PlanBars() {
-        if (!Grouped()) {
+        if (Grouped()) {
+            const double group = std::max(LeastSlot() - kLeastGroupGap, (1 - kGroupGapShare) * slot_);
+            const auto count = static_cast<double>(SeriesCount());
+            barWidth_ = std::min({group, slot_, kMostGroupedBar * count}) / count;
+        } else {
             barWidth_ = std::min(std::clamp(kBarShare * slot_, kLeastBar, kMostBar), slot_);
-            return;
         }
-        const double group = std::max(LeastSlot() - kLeastGroupGap, (1 - kGroupGapShare) * slot_);
-        barWidth_ = std::min({group, slot_, kMostGroupedBar * static_cast<double>(SeriesCount())}) /
-                    static_cast<double>(SeriesCount());
-        valuesAbove_ = true;
+        // All values or none: numbers at the narrow ones alone would mislead.
+        withValues_ = WidestValue() <= barWidth_;
+    }
+
+    /// Width that the widest value of all pages needs.
+    double WidestValue() const {
+        double widest = 0;
         for (const Site& site : chart_.Sites)
             for (std::size_t i = 0; i < chart_.AllSeries.size(); ++i) {
                 const std::optional<double> value = ValueAt(site, i);
-                if (HasBar(value) && metrics_.Width(TextOf(*value), kValueFont) > barWidth_)
-                    valuesAbove_ = false;
+                if (!HasBar(value)) continue;
+                const std::string text = TextOf(*value);
+                widest = std::max(
+                    widest, Grouped() ? metrics_.Width(text, kValueFont) : WidthForValue(text, metrics_));
             }
+        return widest;
     }
 
     std::string TextOf(double value) const { return ValueText(value, chart_.WholeNumbers, chart_.SprachID); }
@@ -169,7 +178,8 @@ private:
             const Rect place{left + (slot_ - barWidth_) / 2, Bottom(plot_) - bottom - height, barWidth_,
                              height};
             AddBar(page, place, site, i, *value);
-            AddValueInside(page.Elements, place, TextOf(*value), chart_.AllSeries[i], metrics_);
+            if (withValues_)
+                AddValueInside(page.Elements, place, TextOf(*value), chart_.AllSeries[i], metrics_);
         }
     }
 
@@ -182,9 +192,9 @@ private:
             const Rect place{first + static_cast<double>(i) * barWidth_, Bottom(plot_) - height, barWidth_,
                              height};
             AddBar(page, place, site, i, *value);
-            if (valuesAbove_)
-                AddNumber(page.Elements, TextOf(*value), place.X + place.Width / 2, place.Y - kTickGap - 1,
-                          Align::Centre, kValueFont, kTextColour);
+            if (withValues_)
+                AddNumberOnGrid(page.Elements, TextOf(*value), place.X + place.Width / 2,
+                                place.Y - kTickGap - 1, Align::Centre, kValueFont, metrics_);
         }
     }
 
@@ -210,7 +220,7 @@ private:
     std::vector<std::size_t> firsts_;
     double slot_ = 0;
     double barWidth_ = 0;
-    bool valuesAbove_ = false;
+    bool withValues_ = false;
 };
 
 }  // namespace

@@ -15,10 +15,10 @@ namespace FX_Algen::charts {
 namespace {
 
 constexpr double kLeastBar = 12;
-constexpr double kMostBar = 26;
+constexpr double kMostBar = 30;
 constexpr double kBarShare = 0.68;
 constexpr double kLeastRow = 17;
-constexpr double kMostRow = 38;
+constexpr double kMostRow = 44;
 constexpr double kLabelGap = 6;
 constexpr double kValueGap = 4;
 constexpr double kTickGap = 3;
@@ -85,7 +85,7 @@ private:
         plot_.X += left;
         double right = 0;
         for (const Site& site : chart_.Sites)
-            right = std::max(right, metrics_.Width(EndText(site), kValueFont) + kValueGap);
+            right = std::max(right, metrics_.Width(EndText(site), kValueFont) + kValueGap + 1);
         const AxisRange range = RangeOf(chart_);
         double widest = 0;
         for (int steps = 1; steps <= kMostSteps; ++steps) {
@@ -148,8 +148,8 @@ private:
             AddSegment(page.Elements, place, chart_.AllSeries, i);
             page.Bars.push_back({place, site, i, *value});
         }
-        AddNumber(page.Elements, EndText(chart_.Sites[site]), plot_.X + WidthOf(before) + kValueGap,
-                  top + row_ / 2, Align::Left, kValueFont, kTextColour);
+        AddNumberOnGrid(page.Elements, EndText(chart_.Sites[site]), plot_.X + WidthOf(before) + kValueGap,
+                        top + row_ / 2, Align::Left, kValueFont, metrics_);
     }
 
     const Chart& chart_;

@@ -16,9 +16,15 @@ constexpr std::array<double, 4> kEmergencySizes{7, 6, 5, 4};
 /// Between the labels of two sites.
 constexpr double kGapWrapped = 5;
 constexpr double kGapTurned = 3;
+/// Turned labels of several lines must not be taken for those of their neighbours.
+constexpr double kGapTurnedLines = 5;
 constexpr double kGapRows = 4;
 /// More lines of few words each are harder to read than a turned label.
-constexpr std::size_t kMostWrappedLines = 6;
+constexpr std::size_t kMostWrappedLines = 10;
+/// A turned label is kept in fewer and longer lines until it takes this part of its room; what goes beyond
+/// serves the bars better.
+constexpr double kModestShare = 0.5;
+constexpr double kShorten = 0.95;
 
 std::vector<std::vector<std::string>> WrapAll(const std::vector<Site>& sites, double width, const Font& font,
                                               const FontMetrics& metrics) {
@@ -40,14 +46,44 @@ std::size_t HowMany(double length, double each) {
     return each <= 0 || length < each ? 0 : static_cast<std::size_t>(length / each + 1e-9);
 }
 
+double WidestWordOfAll(const std::vector<Site>& sites, const Font& font, const FontMetrics& metrics) {
+    double widest = 0;
+    for (const Site& site : sites) widest = std::max(widest, WidestWord(site.Label, font, metrics));
+    return widest;
+}
+
+void SetLines(LabelPlan& plan, std::vector<std::vector<std::string>> lines, const FontMetrics& metrics) {
+    plan.Lines = std::move(lines);
+    plan.Extent = 0;
+    for (const auto& label : plan.Lines)
+        plan.Extent = std::max(plan.Extent, WidestLine(label, plan.Type, metrics));
+}
+
+/// Width that turned labels of so many lines need.
+double TurnedWidth(std::size_t lines, const Font& font, const FontMetrics& metrics) {
+    return TextHeight(lines, font, metrics) + (lines > 1 ? kGapTurnedLines : kGapTurned);
+}
+
+/// Shortens turned labels as far as the distance of the bars has room for more lines.
+void Shorten(LabelPlan& plan, const std::vector<Site>& sites, const LabelRoom& room,
+             const FontMetrics& metrics) {
+    const std::size_t onPage =
+        PagesFor(sites.size(), PagesFor(sites.size(), std::max<std::size_t>(1, plan.MostOnPage)));
+    const double slot = room.Width / static_cast<double>(onPage);
+    const double least = std::max(kModestShare * room.Most, WidestWordOfAll(sites, plan.Type, metrics));
+    for (double length = plan.Extent * kShorten; length >= least; length *= kShorten) {
+        std::vector<std::vector<std::string>> lines = WrapAll(sites, length, plan.Type, metrics);
+        if (TurnedWidth(MostLines(lines), plan.Type, metrics) > slot) return;
+        SetLines(plan, std::move(lines), metrics);
+    }
+}
+
 /// Turned labels in a size; none where not even one site fits.
 std::optional<LabelPlan> Turned(const std::vector<Site>& sites, const LabelRoom& room, double points,
                                 const FontMetrics& metrics) {
     LabelPlan plan{.Type = {points, false}, .Turned = true, .Lines = {}, .Extent = 0, .MostOnPage = 0};
-    plan.Lines = WrapAll(sites, room.Most, plan.Type, metrics);
-    for (const auto& lines : plan.Lines)
-        plan.Extent = std::max(plan.Extent, WidestLine(lines, plan.Type, metrics));
-    const double label = TextHeight(MostLines(plan.Lines), plan.Type, metrics) + kGapTurned;
+    SetLines(plan, WrapAll(sites, room.Most, plan.Type, metrics), metrics);
+    const double label = TurnedWidth(MostLines(plan.Lines), plan.Type, metrics);
     plan.MostOnPage = HowMany(room.Width, std::max(label, room.LeastSlot));
     if (plan.MostOnPage == 0 || plan.Extent > room.Most) return std::nullopt;
     return plan;
@@ -65,12 +101,6 @@ std::optional<LabelPlan> Wrapped(const std::vector<Site>& sites, const LabelRoom
     plan.Extent = TextHeight(lines, plan.Type, metrics);
     if (lines > kMostWrappedLines || plan.Extent > room.Most) return std::nullopt;
     return plan;
-}
-
-double WidestWordOfAll(const std::vector<Site>& sites, const Font& font, const FontMetrics& metrics) {
-    double widest = 0;
-    for (const Site& site : sites) widest = std::max(widest, WidestWord(site.Label, font, metrics));
-    return widest;
 }
 
 /// One site a page, its label across the page and as small as it must be.
@@ -102,13 +132,14 @@ std::optional<LabelPlan> BestTurned(const std::vector<Site>& sites, const LabelR
 /// Wrapped labels that need no more than so many pages.
 std::optional<LabelPlan> BestWrapped(const std::vector<Site>& sites, const LabelRoom& room,
                                      std::size_t mostPages, const FontMetrics& metrics) {
-    for (std::size_t pages = 1; pages <= mostPages; ++pages) {
-        const std::size_t onPage = PagesFor(sites.size(), pages);
-        for (const double points : kSizes) {
-            const double widestWord = WidestWordOfAll(sites, {points, false}, metrics);
-            if (auto plan = Wrapped(sites, room, onPage, points, widestWord, metrics)) return plan;
-        }
-    }
+    std::array<double, kSizes.size()> widestWords{};
+    for (std::size_t i = 0; i < kSizes.size(); ++i)
+        widestWords[i] = WidestWordOfAll(sites, {kSizes[i], false}, metrics);
+    for (std::size_t pages = 1; pages <= mostPages; ++pages)
+        for (std::size_t i = 0; i < kSizes.size(); ++i)
+            if (auto plan =
+                    Wrapped(sites, room, PagesFor(sites.size(), pages), kSizes[i], widestWords[i], metrics))
+                return plan;
     return std::nullopt;
 }
 
@@ -119,7 +150,9 @@ LabelPlan PlanLabelsBelow(const std::vector<Site>& sites, const LabelRoom& room,
     const std::size_t pages = turned ? PagesFor(sites.size(), turned->MostOnPage) : sites.size();
     if (std::optional<LabelPlan> wrapped = BestWrapped(sites, room, pages, metrics))
         return *std::move(wrapped);
-    return turned ? *std::move(turned) : Alone(sites, room, metrics);
+    if (!turned) return Alone(sites, room, metrics);
+    Shorten(*turned, sites, room, metrics);
+    return *std::move(turned);
 }
 
 LabelPlan PlanLabelsBeside(const std::vector<Site>& sites, double most, double height, double leastRow,
@@ -127,9 +160,7 @@ LabelPlan PlanLabelsBeside(const std::vector<Site>& sites, double most, double h
     LabelPlan plan;
     const auto tryOut = [&](double points) {
         plan = {.Type = {points, false}, .Turned = false, .Lines = {}, .Extent = 0, .MostOnPage = 1};
-        plan.Lines = WrapAll(sites, most, plan.Type, metrics);
-        for (const auto& lines : plan.Lines)
-            plan.Extent = std::max(plan.Extent, WidestLine(lines, plan.Type, metrics));
+        SetLines(plan, WrapAll(sites, most, plan.Type, metrics), metrics);
         const double label = TextHeight(MostLines(plan.Lines), plan.Type, metrics) + kGapRows;
         plan.MostOnPage = HowMany(height, std::max(label, leastRow));
         return plan.MostOnPage > 0;

@@ -26,8 +26,9 @@ struct LabelRoom {
 };
 
 /// Labels below bars. As many sites stand on a page as bars and turned labels allow; where wrapped labels do
-/// with no more pages, they are wrapped. The letters have 9 or 8 points; only a label that fills a page alone
-/// is written smaller.
+/// with no more pages, they are wrapped; turned ones take more lines where the distance of the bars allows
+/// it, so that more height is left for the bars. The letters have 9 or 8 points; only a label that fills a
+/// page alone is written smaller.
 LabelPlan PlanLabelsBelow(const std::vector<Site>& sites, const LabelRoom& room, const FontMetrics& metrics);
 
 /// Labels beside bars: a column as wide as they need, `most` at most, with longer ones wrapped.

@@ -142,7 +142,7 @@ double WidestLine(const std::vector<std::string>& lines, const Font& font, const
 }
 
 double LineHeight(const Font& font, const FontMetrics& metrics) {
-    return 1.1 * (metrics.Ascent(font) + metrics.Descent(font));
+    return metrics.Ascent(font) + metrics.Descent(font);
 }
 
 double TextHeight(std::size_t lines, const Font& font, const FontMetrics& metrics) {

@@ -133,6 +133,22 @@ TEST(ChartColumns, FewSitesHaveWrappedLabelsAndManyTurnedOnes) {
     EXPECT_TRUE(turned(test::LayOut(test::ValenceChart(40, "Schwarzach bei Sankt Johann"))[0], "Schwarzach"));
 }
 
+TEST(ChartColumns, TurnedLabelsTakeMoreLinesWhereBarsAreFarApart) {
+    // 12 sites are some 60 points apart and a word of 24 letters is 130 long, so labels are turned. In one
+    // line their 78 letters would be 420 points long, in two some 230; with 25 letters a line they take four
+    // lines of 135 points, which are 36 wide.
+    const std::string name = "Donaudampfschiffahrtsweg linkes Ufer oberhalb der Einmündung des Mühlbaches";
+    const std::vector<Page> pages = test::LayOut(test::ValenceChart(12, name));
+    ASSERT_EQ(pages.size(), 1U);
+    const test::PlainMetrics metrics;
+    double longest = 0;
+    for (const Label& label : test::All<Label>(pages[0]))
+        if (label.Degrees == 90 && label.Text != "Valenzen (Summe 10)")
+            longest = std::max(longest, metrics.Width(label.Text, label.Type));
+    EXPECT_GE(longest, 129.6) << "no word is broken";
+    EXPECT_LE(longest, 141);
+}
+
 TEST(ChartColumns, LongNamesAreNotCut) {
     const std::string words =
         "Großglockner Hochalpenstraße oberhalb der Einmündung des Käfertalbaches, linkes Ufer bei der "
@@ -209,6 +225,24 @@ TEST(ChartColumns, SegmentsCarryTheirValueWhereItFits) {
         }
     chart.SprachID = 20000;
     EXPECT_TRUE(TextsOf(test::LayOut(chart)[0]).contains("6.3"));
+}
+
+TEST(ChartColumns, BarsTooNarrowForTheWidestValueCarryNone) {
+    // 40 sites have bars of 12 or 13 points, and "12" in letters of 8 points is 9.6 wide, with its
+    // edges 13.6.
+    Chart chart = test::ClassChart(40, ChartKind::Stacked);
+    for (Site& site : chart.Sites) site.Label.clear();
+    const auto inBars = [](const Page& page) {
+        const test::PlainMetrics metrics;
+        std::size_t count = 0;
+        for (const Label& label : test::All<Label>(page))
+            for (const DrawnBar& bar : page.Bars)
+                count += test::Overlap(test::BoxOf(label, metrics), bar.Place, 0);
+        return count;
+    };
+    EXPECT_EQ(inBars(test::LayOut(chart)[0]), 0U);
+    for (Site& site : chart.Sites) site.Values[2] = 9;
+    EXPECT_GT(inBars(test::LayOut(chart)[0]), 0U) << "one digit has room";
 }
 
 TEST(ChartColumns, ValuesOverAHatchHaveAPlate) {
