@@ -176,11 +176,14 @@ public:
     /// calculated since the last `Berechnung_Init`, with 94 on a Null in the arithmetic; the row then stays
     /// as far as it is filled.
     void Berechnung_Execute();
-    /// Calculates the seston indices of `TeilraumID` into `sesErgProjekt`. Fails with 445.
+    /// Calculates the seston indices of `TeilraumID` into its row of `sesErgProjekt`; without findings the row
+    /// holds zeros. Fails with 3022 where the sub-habitat was calculated since the last
+    /// `Berechnung_InitSeston`, with 94 on a Null in the arithmetic, with 6 where a sum leaves its range; the
+    /// row then stays with its key only.
     void Berechnung_ExecuteSeston();
     /// Empties `awaErgProjekt` and sets `Berechnung_Statustext`. To be called once before a run.
     void Berechnung_Init();
-    /// Empties `sesErgProjekt` and sets `Berechnung_Statustext`. Fails with 445.
+    /// Empties `sesErgProjekt` and sets `Berechnung_Statustext`. To be called once before a seston run.
     void Berechnung_InitSeston();
     /// Whether the assessment holds a diatom-only result already: true or false. The argument is ignored, the
     /// answer is that for `TeilraumID`.

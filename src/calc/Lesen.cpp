@@ -39,7 +39,8 @@ void NullFehler(const Ort& ort, const NullStelle& stelle) {
     if (stelle.ID_Art) {
         const auto id = Nummer(*stelle.ID_Art);
         text +=
-            " for taxon " + id + Name(database, "SELECT Gattung, Art FROM awaArt WHERE ID_ART=" + id + ";");
+            " for taxon " + id +
+            Name(database, "SELECT Gattung, Art FROM " + stelle.Artentabelle + " WHERE ID_ART=" + id + ";");
     }
     if (stelle.ID_TR_MI) {
         const auto id = Nummer(*stelle.ID_TR_MI);

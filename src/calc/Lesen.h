@@ -22,8 +22,11 @@ struct NullStelle {
     std::string Schluessel = {};  ///< condition that tells the row, where it is none of a finding
     std::optional<std::int32_t> ID_Art;
     std::optional<std::int32_t> ID_TR_MI;
-    std::optional<Block> Woher;      ///< block of a finding or a stand
-    std::optional<double> Abundanz;  ///< of a finding, in the unit of its block
+    std::optional<Block> Woher;           ///< block of a finding or a stand
+    std::optional<double> Abundanz;       ///< of a finding, in the unit of its block
+    std::string Artentabelle = "awaArt";  ///< catalogue of the taxon
+    std::optional<std::int32_t> ID_PS;    ///< site and certainty of a finding of the seston
+    bool CF = false;
 };
 
 /// The failure 94 of a routine, with its place for those who explain it.

@@ -4,11 +4,13 @@
 #include "calc/Abfragen.h"
 #include "calc/Berechnung.h"
 #include "calc/Lesen.h"
+#include "calc/Satzzahl.h"
 #include "calc/Spur.h"
 
 namespace FX_Algen {
 namespace {
 
+using calc::Satzzahl;
 using calc::Taxazaehlung;
 namespace abfragen = calc::abfragen;
 
@@ -25,23 +27,6 @@ std::string Text(const Teile&... teile) {
     std::string text;
     (text.append(teile), ...);
     return text;
-}
-
-/// Record count of a query whose first field is the taxon.
-double Satzzahl(store::Database& database, const std::string& abfrage, Taxazaehlung* spur) {
-    const auto zeilen = database.OpenRecordset(abfrage);
-    double anzahl = 0;
-    if (!(zeilen->Eof() && zeilen->Bof())) {
-        zeilen->MoveLast();
-        anzahl = zeilen->RecordCount();
-        if (spur != nullptr) {
-            for (zeilen->MoveFirst(); !zeilen->Eof(); zeilen->MoveNext()) {
-                spur->ID_Arten.push_back((*zeilen)[0].I4());
-            }
-        }
-    }
-    zeilen->Close();
-    return anzahl;
 }
 
 double AlleTaxa(store::Database& database, std::int32_t ID, bool IstWRRL, Taxazaehlung* spur) {

@@ -2,6 +2,7 @@
 
 #include "FX_Algen/Error.h"
 #include "calc/Berechnung.h"
+#include "calc/BerechnungSeston.h"
 #include "host/Named.h"
 #include "host/NotBuilt.h"
 #include "manager/Gesamttaxazahlen.h"
@@ -20,6 +21,7 @@ using host::NotBuilt;
 namespace {
 constexpr std::string_view Klasse = "AL_PS";
 constexpr std::int16_t StatustextBerechnung = 3100;
+constexpr std::int16_t StatustextSeston = 3200;
 
 /// What the frequency list takes from the host's context; without a sub-habitat it is that of the whole
 /// scope.
@@ -58,6 +60,21 @@ void AL_PS::Berechnung_Execute() {
     Named("Berechnung_Execute", [this] {
         FX_Algen::Berechnung_Execute(kontext_.CurrentDB, kontext_.TeilraumID, kontext_.IstWRRLBerechnung,
                                      kontext_.ValenzGewicht, kontext_.DebugModus);
+    });
+}
+
+void AL_PS::Berechnung_InitSeston() {
+    Named("Berechnung_InitSeston", [this] {
+        FX_Algen::Berechnung_InitSeston(kontext_.CurrentDB);
+        SprachID_Anheben();
+        ergebnis_.Berechnung_Statustext = store::Text(StatustextSeston, kontext_.SprachID);
+    });
+}
+
+void AL_PS::Berechnung_ExecuteSeston() {
+    Named("Berechnung_ExecuteSeston", [this] {
+        FX_Algen::Berechnung_ExecuteSeston(kontext_.CurrentDB, kontext_.TeilraumID, kontext_.ValenzGewicht,
+                                           kontext_.DebugModus);
     });
 }
 
@@ -154,8 +171,6 @@ void AL_PS::Get_WRRLErgRecordset() {
 void AL_PS::Probenstelle_Show() { NotBuilt(Klasse, "Probenstelle_Show"); }
 void AL_PS::ProbenstelleSeston_Show() { NotBuilt(Klasse, "ProbenstelleSeston_Show"); }
 void AL_PS::Probenstelle_Unload() { NotBuilt(Klasse, "Probenstelle_Unload"); }
-void AL_PS::Berechnung_ExecuteSeston() { NotBuilt(Klasse, "Berechnung_ExecuteSeston"); }
-void AL_PS::Berechnung_InitSeston() { NotBuilt(Klasse, "Berechnung_InitSeston"); }
 void AL_PS::SetReportData_Auswertung() { NotBuilt(Klasse, "SetReportData_Auswertung"); }
 void AL_PS::Export_Taxaliste_GesamtHaeuf() { NotBuilt(Klasse, "Export_Taxaliste_GesamtHaeuf"); }
 void AL_PS::Export_Taxaliste_Gesamt() { NotBuilt(Klasse, "Export_Taxaliste_Gesamt"); }

@@ -333,7 +333,8 @@ TEST(AutomateCalls, OperationsToComeAnswer445WithTheirName) {
          {"Berechnung_Execute", "Berechnung_Init", "CheckIstKA", "Berechnung_WRRLArtenliste",
           "Berechnung_WRRLArtenlisteTLR", "Get_ResString", "Get_Version", "GesamttaxazahlTLR",
           "Gesamttaxazahl", "GesamttaxazahlSeston", "GetBioregion_Kurzzeichen", "Get_WRRLErgRecordset",
-          "Berechnung_WRRL", "Berechnung_WRRLInit", "Pruefung_WRRL"}},
+          "Berechnung_WRRL", "Berechnung_WRRLInit", "Pruefung_WRRL", "Berechnung_ExecuteSeston",
+          "Berechnung_InitSeston"}},
         {"AL_PS_Grafik", {"Grafik_Verteilung_Init", "Grafik_ArtenDom_Init"}}};
     for (const std::string name : {"AL_PS", "AL_Katalog", "AL_PS_Grafik"}) {
         const auto object = rpc::MakeObject(name);

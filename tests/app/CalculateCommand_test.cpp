@@ -124,11 +124,7 @@ TEST_F(Calculate, UsesTheAssessmentCoversWithWrrl) {
     EXPECT_FLOAT_EQ(One("SELECT DG_Gesamt FROM awaErgProjekt WHERE ID=11;").R4(), 80.0F);
 }
 
-TEST_F(Calculate, SaysThatSestonIsNotOffered) {
-    const Outcome outcome = Call({"calculate", path_, "--seston"});
-    EXPECT_EQ(outcome.Code, 1);
-    EXPECT_THAT(outcome.Err, HasSubstr("Berechnung_InitSeston"));
-    EXPECT_THAT(outcome.Err, HasSubstr("(445)"));
+TEST_F(Calculate, RefusesSestonTogetherWithTheAssessmentVariant) {
     EXPECT_EQ(Call({"calculate", path_, "--seston", "--wrrl"}).Code, 2);
 }
 

@@ -5,6 +5,7 @@
 #include "FX_Algen/AL_PS.h"
 #include "FX_Algen/Load.h"
 #include "calc/Abfragen.h"
+#include "calc/AbfragenSeston.h"
 #include "schema/TestDatabase.h"
 #include "store/Connection.h"
 #include "store/dialect/Translate.h"
@@ -217,7 +218,11 @@ std::vector<Abfrage> Abfragen() {
                               {abfragen::MengeBestaende(TR), "SEARCH awaTeilraum_MI USING"},
                               {abfragen::MengeMakroalgeOhneDeckung(TR), "SEARCH awaPrStelle USING"},
                               {abfragen::MengeBestandOhneDeckung(TR), "SEARCH awaTeilraum_MI USING"},
-                              {abfragen::Ergebniszeile(TR, false), "SEARCH awaErgProjekt USING"}};
+                              {abfragen::Ergebniszeile(TR, false), "SEARCH awaErgProjekt USING"},
+                              {abfragen::Sestonfunde(TR), "SEARCH sesPrStelle USING"},
+                              {abfragen::SestonfundOhneWert(TR, "W_SI"), "SEARCH sesPrStelle USING"},
+                              {abfragen::Sestonzeilen(TR), "SEARCH sesErgProjektTmp USING"},
+                              {abfragen::Sestonergebnis(TR), "SEARCH sesErgProjekt USING"}};
     for (const bool IstWRRL : {false, true}) {
         alle.push_back({abfragen::Schalensumme(TR, IstWRRL), "SEARCH awaPrStelle USING"});
         for (const auto werte : {abfragen::SapWerte, abfragen::TrophWerte}) {

@@ -387,8 +387,6 @@ INSTANTIATE_TEST_SUITE_P(
         Operation{"Probenstelle_Show", [](AL_PS& ps) { ps.Probenstelle_Show(); }},
         Operation{"ProbenstelleSeston_Show", [](AL_PS& ps) { ps.ProbenstelleSeston_Show(); }},
         Operation{"Probenstelle_Unload", [](AL_PS& ps) { ps.Probenstelle_Unload(); }},
-        Operation{"Berechnung_ExecuteSeston", [](AL_PS& ps) { ps.Berechnung_ExecuteSeston(); }},
-        Operation{"Berechnung_InitSeston", [](AL_PS& ps) { ps.Berechnung_InitSeston(); }},
         Operation{"SetReportData_Auswertung", [](AL_PS& ps) { ps.SetReportData_Auswertung(); }},
         Operation{"Export_Taxaliste_GesamtHaeuf", [](AL_PS& ps) { ps.Export_Taxaliste_GesamtHaeuf(); }},
         Operation{"Export_Taxaliste_Gesamt", [](AL_PS& ps) { ps.Export_Taxaliste_Gesamt(); }},
