@@ -1,6 +1,6 @@
 # Installs the build into a scratch prefix, runs the installed program, builds a program of its own against
-# the installed package and runs that.
-#   cmake -DBUILD_DIR= -DWORK_DIR= -DCONSUMER= -DBUILD_TYPE= -DCXX= -DCXX_FLAGS= -DGENERATOR= -DVERSION= -P InstallTest.cmake
+# the installed package and runs that. Where pictures are built (UI), a second one writes one.
+#   cmake -DBUILD_DIR= -DWORK_DIR= -DCONSUMER= -DBUILD_TYPE= -DCXX= -DCXX_FLAGS= -DGENERATOR= -DVERSION= -DUI= -P InstallTest.cmake
 function(run)
     execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE out ERROR_VARIABLE err)
     if(NOT result EQUAL 0)
@@ -38,8 +38,27 @@ endif()
 run(${prefix}/bin/fxalgen create ${WORK_DIR}/program.db)
 must_exist(../program.db)
 
-run(${CMAKE_COMMAND} -S ${CONSUMER} -B ${WORK_DIR}/consumer -G ${GENERATOR}
-    -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_BUILD_TYPE=${BUILD_TYPE} -DCMAKE_CXX_COMPILER=${CXX}
-    "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}")
-run(${CMAKE_COMMAND} --build ${WORK_DIR}/consumer)
+function(build_consumer source name)
+    run(${CMAKE_COMMAND} -S ${source} -B ${WORK_DIR}/${name} -G ${GENERATOR}
+        -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_BUILD_TYPE=${BUILD_TYPE} -DCMAKE_CXX_COMPILER=${CXX}
+        "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}" ${ARGN})
+    run(${CMAKE_COMMAND} --build ${WORK_DIR}/${name})
+endfunction()
+
+# A host without pictures needs no toolkit, neither to build nor to run.
+build_consumer(${CONSUMER} consumer -DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON)
 run(${WORK_DIR}/consumer/consumer ${WORK_DIR}/consumer.db)
+file(GET_RUNTIME_DEPENDENCIES EXECUTABLES ${WORK_DIR}/consumer/consumer
+    RESOLVED_DEPENDENCIES_VAR needed UNRESOLVED_DEPENDENCIES_VAR missing)
+set(toolkit ${needed})
+list(FILTER toolkit INCLUDE REGEX "Qt")
+if(toolkit OR NOT needed)
+    message(FATAL_ERROR "The host without pictures needs: ${needed}")
+endif()
+
+if(UI)
+    must_exist(include/FX_Algen/ui/Pictures.h FX_AlgenUiTargets.cmake)
+    build_consumer(${CONSUMER}_ui consumer_ui)
+    run(${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen ${WORK_DIR}/consumer_ui/consumer_ui ${WORK_DIR}/picture.png)
+    must_exist(../picture.png)
+endif()
