@@ -4,6 +4,7 @@
 #include "FX_Algen/Chart.h"
 #include "charts/Draw.h"
 #include "charts/Frame.h"
+#include "charts/KnownWidths.h"
 #include "charts/Layouts.h"
 #include "charts/Style.h"
 #include "charts/Wrap.h"
@@ -25,9 +26,10 @@ Page EmptyPage(const Chart& chart, const FontMetrics& metrics, const PageSize& s
 }  // namespace
 
 std::vector<Page> Layout(const Chart& chart, const FontMetrics& metrics, const PageSize& size) {
-    if (chart.Sites.empty()) return {EmptyPage(chart, metrics, size)};
-    if (chart.Kind == ChartKind::Horizontal) return LayOutRows(chart, metrics, size);
-    return LayOutColumns(chart, metrics, size);
+    const KnownWidths known(metrics);
+    if (chart.Sites.empty()) return {EmptyPage(chart, known, size)};
+    if (chart.Kind == ChartKind::Horizontal) return LayOutRows(chart, known, size);
+    return LayOutColumns(chart, known, size);
 }
 
 }  // namespace FX_Algen::charts

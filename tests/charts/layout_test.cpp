@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <map>
+#include <tuple>
+
 #include "layout_checks.h"
 
 namespace FX_Algen::charts {
@@ -64,6 +67,25 @@ TEST(ChartLayout, PagesOfManySizesAreClean) {
                 }
             }
         }
+}
+
+/// Counts how often a text is measured.
+class CountingMetrics : public test::PlainMetrics {
+public:
+    double Width(std::string_view text, const Font& font) const override {
+        ++Counts[{std::string(text), font.Points, font.Bold}];
+        return PlainMetrics::Width(text, font);
+    }
+    mutable std::map<std::tuple<std::string, double, bool>, int> Counts;
+};
+
+TEST(ChartLayout, MeasuresEachTextOnce) {
+    for (const Chart& chart : {test::ValenceChart(60), test::DominanceChart(60)}) {
+        const CountingMetrics metrics;
+        Layout(chart, metrics);
+        EXPECT_GT(metrics.Counts.size(), 60U);
+        for (const auto& [text, count] : metrics.Counts) EXPECT_EQ(count, 1) << std::get<0>(text);
+    }
 }
 
 TEST(ChartLayout, TheSameChartGivesTheSamePages) {
