@@ -46,6 +46,34 @@ std::string BrokenLink(store::Database& database, const std::string& id) {
     return "the list could not be built";
 }
 
+constexpr std::string_view Findings =
+    "(awaPrStelle INNER JOIN awaArtPrStelle ON awaPrStelle.ID_PS = awaArtPrStelle.ID_PS) ";
+
+/// `findings` are the joined tables of the findings to look at, `condition` is what a finding must meet
+/// besides.
+std::vector<std::string> NamesWithoutMajorGroup(store::Database& database, std::int32_t ID_TR,
+                                                const std::string& findings, const std::string& condition) {
+    const auto rows = database.OpenRecordset(
+        "SELECT DISTINCT awaArt.Gattung, awaArt.Art, awaArtPrStelle.ID_ART FROM (((" + findings +
+        "LEFT JOIN awaArt ON awaArtPrStelle.ID_ART = awaArt.ID_ART) "
+        "LEFT JOIN awaUnterFam ON awaArt.ID_UFAM = awaUnterFam.ID_UFAM) "
+        "LEFT JOIN awaFamilie ON awaUnterFam.ID_FAM = awaFamilie.ID_FAM) "
+        "LEFT JOIN awaGrossGr ON awaFamilie.ID_GRGR = awaGrossGr.ID_GRGR "
+        "WHERE awaPrStelle.ID_TR=" +
+        store::NumberText(ID_TR) + condition +
+        " AND awaGrossGr.ID_GRGR Is Null "
+        "ORDER BY awaArt.Gattung, awaArt.Art, awaArtPrStelle.ID_ART;");
+    std::vector<std::string> names;
+    for (; !rows->Eof(); rows->MoveNext()) {
+        const auto part = [&](const char* field) {
+            return (*rows)[field].IsNull() ? std::string() : (*rows)[field].Text();
+        };
+        const bool known = !(*rows)["Gattung"].IsNull() || !(*rows)["Art"].IsNull();
+        names.push_back(known ? part("Gattung") + " " + part("Art") : "ID_ART " + (*rows)["ID_ART"].Text());
+    }
+    return names;
+}
+
 }  // namespace
 
 void SetAssessmentContext(AL_PS& ps, const AssessmentSite& site, bool KAOnly) {
@@ -80,27 +108,15 @@ std::optional<std::string> WhyNotListed(const store::DatabasePtr& database, cons
 }
 
 std::vector<std::string> TaxaWithoutMajorGroup(store::Database& database, std::int32_t ID_TR) {
-    const auto rows = database.OpenRecordset(
-        "SELECT DISTINCT awaArt.Gattung, awaArt.Art, awaArtPrStelle.ID_ART FROM (((((awaPrStelle "
-        "INNER JOIN awaArtPrStelle ON awaPrStelle.ID_PS = awaArtPrStelle.ID_PS) "
-        "INNER JOIN awaModulStandard ON awaArtPrStelle.ID_ART = awaModulStandard.ID_ART) "
-        "LEFT JOIN awaArt ON awaArtPrStelle.ID_ART = awaArt.ID_ART) "
-        "LEFT JOIN awaUnterFam ON awaArt.ID_UFAM = awaUnterFam.ID_UFAM) "
-        "LEFT JOIN awaFamilie ON awaUnterFam.ID_FAM = awaFamilie.ID_FAM) "
-        "LEFT JOIN awaGrossGr ON awaFamilie.ID_GRGR = awaGrossGr.ID_GRGR "
-        "WHERE awaPrStelle.ID_TR=" +
-        store::NumberText(ID_TR) +
-        " AND awaModulStandard.Lebensform=1 AND awaGrossGr.ID_GRGR Is Null "
-        "ORDER BY awaArt.Gattung, awaArt.Art, awaArtPrStelle.ID_ART;");
-    std::vector<std::string> names;
-    for (; !rows->Eof(); rows->MoveNext()) {
-        const auto part = [&](const char* field) {
-            return (*rows)[field].IsNull() ? std::string() : (*rows)[field].Text();
-        };
-        const bool known = !(*rows)["Gattung"].IsNull() || !(*rows)["Art"].IsNull();
-        names.push_back(known ? part("Gattung") + " " + part("Art") : "ID_ART " + (*rows)["ID_ART"].Text());
-    }
-    return names;
+    return NamesWithoutMajorGroup(
+        database, ID_TR,
+        "(" + std::string(Findings) +
+            "INNER JOIN awaModulStandard ON awaArtPrStelle.ID_ART = awaModulStandard.ID_ART) ",
+        " AND awaModulStandard.Lebensform=1");
+}
+
+std::vector<std::string> AllTaxaWithoutMajorGroup(store::Database& database, std::int32_t ID_TR) {
+    return NamesWithoutMajorGroup(database, ID_TR, std::string(Findings), "");
 }
 
 std::string ReferenceText(const ReferenceLookup& lookup) {

@@ -28,6 +28,10 @@ std::optional<std::string> WhyNotListed(const store::DatabasePtr& database, cons
 /// name, "ID_ART 5" for one without: they count in no module, which deserves a warning.
 std::vector<std::string> TaxaWithoutMajorGroup(store::Database& database, std::int32_t ID_TR);
 
+/// The same of all taxa found, whatever their ratings: the frequency list outside an assessment has no row of
+/// them.
+std::vector<std::string> AllTaxaWithoutMajorGroup(store::Database& database, std::int32_t ID_TR);
+
 /// "awaWRRL_TGZK (ID_AL_Bioregion=5, Hoehenstufe=9)"
 std::string ReferenceText(const ReferenceLookup& lookup);
 

@@ -11,6 +11,7 @@ std::vector<std::unique_ptr<Command>> MakeCommands() {
     commands.push_back(MakeAssessCommand());
     commands.push_back(MakeResultsCommand());
     commands.push_back(MakeExplainCommand());
+    commands.push_back(MakeChartCommand());
     commands.push_back(MakeAutomateCommand());
     return commands;
 }

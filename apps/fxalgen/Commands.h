@@ -14,6 +14,7 @@ std::unique_ptr<Command> MakeCalculateCommand();
 std::unique_ptr<Command> MakeAssessCommand();
 std::unique_ptr<Command> MakeResultsCommand();
 std::unique_ptr<Command> MakeExplainCommand();
+std::unique_ptr<Command> MakeChartCommand();
 std::unique_ptr<Command> MakeAutomateCommand();
 
 /// The commands in the order of the help, made anew for each call.

@@ -8,7 +8,10 @@
 #include <unordered_set>
 
 #include "FX_Algen/Error.h"
+#include "FX_Algen/Texts.h"
 #include "fxalgen/Command.h"
+#include "fxalgen/Table.h"
+#include "fxalgen/Words.h"
 
 namespace FX_Algen::cli {
 
@@ -163,16 +166,27 @@ Teilraum ReadTeilraum(const store::Recordset& row) {
     return teilraum;
 }
 
+template <typename Show>
+std::string LabelOf(const Teilraum& teilraum, const std::string& word, const Show& show) {
+    std::string names;
+    for (const store::Value* name :
+         {&teilraum.PRJBez, &teilraum.ABBez, &teilraum.USBez, &teilraum.USDatumVon, &teilraum.TRBez}) {
+        if (name->IsNull()) continue;
+        if (!names.empty()) names += " / ";
+        names += show(*name);
+    }
+    return word + " " + store::NumberText(teilraum.ID_TR) + (names.empty() ? "" : " (" + names + ")");
+}
+
 }  // namespace
 
 std::string Teilraum::Label() const {
-    std::string names;
-    for (const store::Value* name : {&PRJBez, &ABBez, &USBez, &USDatumVon, &TRBez}) {
-        if (name->IsNull()) continue;
-        if (!names.empty()) names += " / ";
-        names += name->Text();
-    }
-    return "Teilraum " + store::NumberText(ID_TR) + (names.empty() ? "" : " (" + names + ")");
+    return LabelOf(*this, "Teilraum", [](const store::Value& name) { return name.Text(); });
+}
+
+std::string Teilraum::Label(std::int16_t SprachID) const {
+    return LabelOf(*this, Text(words::Teilraum, SprachID),
+                   [&](const store::Value& name) { return DisplayText(name, SprachID); });
 }
 
 Scope ParseScope(std::string_view text) {

@@ -41,6 +41,8 @@ struct Teilraum {
 
     /// "Teilraum 17 (Steinach / Oberlauf / Steinach bei Grün / 2026-05-12 / Stromstrich)" for messages.
     std::string Label() const;
+    /// The same for people who read results: word and day as the language writes them.
+    std::string Label(std::int16_t SprachID) const;
 };
 
 /// The sub-habitats of a scope, each once, in the order of the project tree (of the stored selection for a

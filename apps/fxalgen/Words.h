@@ -242,6 +242,14 @@ inline constexpr std::int16_t ClassWithoutExpectedValue = 5499;
 inline constexpr std::int16_t ModuleWithoutClass = 5500;
 inline constexpr std::int16_t LastRunFailed = 5501;
 inline constexpr std::int16_t WithAndWithoutCF = 5502;
+
+// Charts.
+inline constexpr std::int16_t ChartOutOfDate = 5630;
+inline constexpr std::int16_t ChartIncomplete = 5631;
+inline constexpr std::int16_t ChartUnknown = 5632;
+inline constexpr std::int16_t AndFurther = 5633;
+inline constexpr std::int16_t AllShown = 5634;
+inline constexpr std::int16_t ChartProgress = 5635;
 }  // namespace words
 
 /// The text with its place holder "|" replaced.
