@@ -7,57 +7,21 @@
 
 #include <cmath>
 #include <filesystem>
-#include <fstream>
 #include <map>
-#include <sstream>
 #include <string>
-#include <vector>
 
 #include "FX_Algen/Create.h"
 #include "FX_Algen/Store.h"
 #include "calc/Berechnung.h"
+#include "peers/PeerFiles.h"
 #include "store/Connection.h"
 
 namespace FX_Algen {
 namespace {
 
-using Row = std::map<std::string, std::string>;
-
-std::vector<std::string> Cells(const std::string& line) {
-    std::vector<std::string> cells(1);
-    bool quoted = false;
-    for (const char c : line) {
-        if (c == '"')
-            quoted = !quoted;
-        else if (c == ',' && !quoted)
-            cells.emplace_back();
-        else if (c != '\r')
-            cells.back() += c;
-    }
-    return cells;
-}
-
-std::vector<Row> ReadCsv(const std::string& name) {
-    std::ifstream file(std::string(FX_PEERS_DIR) + "/weighted_means/" + name);
-    if (!file) throw std::runtime_error("cannot read " + name);
-    std::string line;
-    std::getline(file, line);
-    const std::vector<std::string> head = Cells(line);
-    std::vector<Row> rows;
-    while (std::getline(file, line)) {
-        const std::vector<std::string> cells = Cells(line);
-        if (cells.size() != head.size()) throw std::runtime_error(name + ": " + line);
-        Row& row = rows.emplace_back();
-        for (std::size_t i = 0; i < head.size(); ++i) row[head[i]] = cells[i];
-    }
-    return rows;
-}
-
-std::string SqlText(const std::string& text) {
-    std::string quoted = "'";
-    for (const char c : text) quoted += c == '\'' ? std::string("''") : std::string(1, c);
-    return quoted + "'";
-}
+using peers::ReadCsv;
+using peers::Row;
+using peers::SqlText;
 
 /// One index: the name of the value list, that of the results, and whether the weights are all taken as 1.
 struct Index {
@@ -92,7 +56,7 @@ protected:
     }
 
     void PutSamples() {
-        for (const Row& row : ReadCsv("samples.csv")) {
+        for (const Row& row : ReadCsv("weighted_means/samples.csv")) {
             const auto [sample, isNew] = samples_.try_emplace(row.at("sample"), samples_.size() + 1);
             const std::string id = std::to_string(sample->second);
             if (isNew) {
@@ -118,7 +82,7 @@ protected:
     /// Every taxon gets a row: one without a pair has value 0 and weight 0.
     void PutRatings() {
         std::map<std::string, Row> pairs;
-        for (const Row& row : ReadCsv("indicators.csv"))
+        for (const Row& row : ReadCsv("weighted_means/indicators.csv"))
             if (row.at("index") == GetParam().List) pairs[row.at("taxon")] = row;
         ASSERT_FALSE(pairs.empty());
         for (const auto& [name, id] : taxa_) {
@@ -148,7 +112,7 @@ TEST_P(WeightedMeans, EqualTheStoredIndices) {
             Berechnung_Execute(database_, static_cast<std::int32_t>(id), assessment, false, false);
 
         std::size_t compared = 0;
-        for (const Row& row : ReadCsv("expected.csv")) {
+        for (const Row& row : ReadCsv("weighted_means/expected.csv")) {
             if (row.at("index") != GetParam().Result) continue;
             const double expected = std::stod(row.at("value"));
             const store::RecordsetPtr result = database_->OpenRecordset(
