@@ -2,7 +2,9 @@
 #include <unistd.h>
 
 #include <QRegularExpression>
+#include <QSvgRenderer>
 #include <QXmlStreamReader>
+#include <cstdlib>
 #include <fstream>
 
 #include "FX_Algen/Error.h"
@@ -109,6 +111,30 @@ TEST(SvgFile, keeps_signs_that_mean_something_in_markup) {
     EXPECT_EQ(svg.Failure, QString());
     EXPECT_EQ(svg.Title, QStringLiteral("Übersicht A < B & \"C\""));
     EXPECT_EQ(svg.Texts.value(0), QStringLiteral("A < B & \"C\""));
+}
+
+TEST(SvgFile, looks_like_the_picture_of_dots) {
+    const Folder folder;
+    WritePages({Titled("Wöchnerin")}, PictureFormat::Svg, folder / "a.svg");
+    WritePages({Titled("Wöchnerin")}, PictureFormat::Png, folder / "a.png");
+    QSvgRenderer renderer(QString::fromStdString(folder / "a.svg"));
+    ASSERT_TRUE(renderer.isValid());
+    QImage image(600, 200, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    renderer.render(&painter);
+    painter.end();
+    QImage other;
+    ASSERT_TRUE(other.loadFromData(Bytes(folder / "a.png"), "PNG"));
+    ASSERT_GT(Inked(other), 5000);
+    int differing = 0;
+    for (int y = 0; y < 200; ++y) {
+        for (int x = 0; x < 600; ++x)
+            differing += std::abs(qGray(image.pixel(x, y)) - qGray(other.pixel(x, y))) > 100;
+    }
+    // Edges of letters are smoothed another way: a hundredth of all dots.
+    EXPECT_LT(differing, 1200);
+    EXPECT_EQ(image.pixelColor(50, 30), ToColour(Red));
 }
 
 TEST(PngFile, has_two_dots_a_point_on_white) {
