@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "charts/Numbers.h"
+#include "charts/Values.h"
 
 namespace FX_Algen::charts {
 
@@ -52,12 +53,6 @@ Axis MakeAxis(const AxisRange& range, int mostSteps) {
 
 std::string TickText(const Axis& axis, double tick, std::int16_t SprachID) {
     return NumberText(tick, Decimals(axis.Step), SprachID);
-}
-
-bool HasBar(const std::optional<double>& value) { return value && std::isfinite(*value) && *value > 0; }
-
-std::optional<double> ValueAt(const Site& site, std::size_t series) {
-    return series < site.Values.size() ? site.Values[series] : std::nullopt;
 }
 
 AxisRange RangeOf(const Chart& chart) {

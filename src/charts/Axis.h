@@ -36,10 +36,4 @@ std::string TickText(const Axis& axis, double tick, std::int16_t SprachID);
 /// they stand side by side. What draws no bar does not count.
 AxisRange RangeOf(const Chart& chart);
 
-/// Whether a value has a bar: it is there, a number and above 0.
-bool HasBar(const std::optional<double>& value);
-
-/// The value of a series at a site; absent also where the site has none for it.
-std::optional<double> ValueAt(const Site& site, std::size_t series);
-
 }  // namespace FX_Algen::charts

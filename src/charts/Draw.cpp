@@ -14,6 +14,8 @@ namespace {
 constexpr double kDigitHeight = 0.73;
 /// What stays free around a value in its segment.
 constexpr double kValuePadding = 1.5;
+/// The same to the left and right, so that a digit on a plate does not drown in the hatch.
+constexpr double kValueSidePadding = 2.5;
 /// What stays free of grid lines around a value.
 constexpr double kGridPadding = 0.8;
 
@@ -87,12 +89,12 @@ void AddSegment(std::vector<Element>& elements, const Rect& place, const std::ve
 }
 
 double WidthForValue(const std::string& text, const FontMetrics& metrics) {
-    return metrics.Width(text, kValueFont) + 2 * kValuePadding + 2 * kOutlineWidth;
+    return metrics.Width(text, kValueFont) + 2 * kValueSidePadding + 2 * kOutlineWidth;
 }
 
 void AddValueInside(std::vector<Element>& elements, const Rect& place, const std::string& text,
                     const Series& series, const FontMetrics& metrics) {
-    const double width = metrics.Width(text, kValueFont) + 2 * kValuePadding;
+    const double width = metrics.Width(text, kValueFont) + 2 * kValueSidePadding;
     const double height = kDigitHeight * kValueFont.Points + 2 * kValuePadding;
     if (WidthForValue(text, metrics) > place.Width || height > place.Height - 2 * kOutlineWidth) return;
     const Colour ground = PaletteColour(series.ColourNumber);

@@ -8,6 +8,7 @@
 #include "charts/Numbers.h"
 #include "charts/SiteLabels.h"
 #include "charts/Style.h"
+#include "charts/Values.h"
 #include "charts/Wrap.h"
 
 namespace FX_Algen::charts {
@@ -55,6 +56,7 @@ public:
                 AddGroup(page, site, left);
             else
                 AddStack(page, site, left);
+            if (SumOf(chart_, chart_.Sites[site]).value_or(0) == 0) AddNoBars(page, site, left);
             AddLabel(page, site, left);
         }
         AddBaseLine(page);
@@ -196,6 +198,12 @@ private:
                 AddNumberOnGrid(page.Elements, TextOf(*value), place.X + place.Width / 2,
                                 place.Y - kTickGap - 1, Align::Centre, kValueFont, metrics_);
         }
+    }
+
+    /// Tells a site without values from one whose values are 0.
+    void AddNoBars(Page& page, std::size_t site, double left) const {
+        AddNumberOnGrid(page.Elements, SumText(chart_, chart_.Sites[site]), left + slot_ / 2,
+                        Bottom(plot_) - kTickGap - 2, Align::Centre, kValueFont, metrics_);
     }
 
     void AddLabel(Page& page, std::size_t site, double left) const {

@@ -5,9 +5,9 @@
 #include "charts/Draw.h"
 #include "charts/Frame.h"
 #include "charts/Layouts.h"
-#include "charts/Numbers.h"
 #include "charts/SiteLabels.h"
 #include "charts/Style.h"
+#include "charts/Values.h"
 #include "charts/Wrap.h"
 
 namespace FX_Algen::charts {
@@ -25,7 +25,6 @@ constexpr double kTickGap = 3;
 constexpr double kTitleGap = 4;
 constexpr double kTickDistance = 24;
 constexpr int kMostSteps = 10;
-constexpr const char* kNoValue = "–";
 
 /// Lays out a chart whose bars lie.
 class Rows {
@@ -85,7 +84,7 @@ private:
         plot_.X += left;
         double right = 0;
         for (const Site& site : chart_.Sites)
-            right = std::max(right, metrics_.Width(EndText(site), kValueFont) + kValueGap + 1);
+            right = std::max(right, metrics_.Width(SumText(chart_, site), kValueFont) + kValueGap + 1);
         const AxisRange range = RangeOf(chart_);
         double widest = 0;
         for (int steps = 1; steps <= kMostSteps; ++steps) {
@@ -96,16 +95,6 @@ private:
         plot_.Width = std::max(1.0, plot_.Width - left - std::max(right, widest / 2));
         axis_ = MakeAxis(range,
                          std::clamp(static_cast<int>(plot_.Width / (widest + kTickDistance)), 1, kMostSteps));
-    }
-
-    /// What stands at the end of a bar: the value, of several series their sum.
-    std::string EndText(const Site& site) const {
-        std::optional<double> sum;
-        for (std::size_t i = 0; i < chart_.AllSeries.size(); ++i) {
-            const std::optional<double> value = ValueAt(site, i);
-            if (HasBar(value) || value == 0.0) sum = sum.value_or(0) + *value;
-        }
-        return sum ? ValueText(*sum, chart_.WholeNumbers, chart_.SprachID) : kNoValue;
     }
 
     double WidthOf(double value) const { return std::min(1.0, value / axis_.End) * plot_.Width; }
@@ -138,6 +127,7 @@ private:
     }
 
     void AddRow(Page& page, std::size_t site, double top) const {
+        // Behind a bar of several series stands their sum.
         double before = 0;
         for (std::size_t i = 0; i < chart_.AllSeries.size(); ++i) {
             const std::optional<double> value = ValueAt(chart_.Sites[site], i);
@@ -148,8 +138,9 @@ private:
             AddSegment(page.Elements, place, chart_.AllSeries, i);
             page.Bars.push_back({place, site, i, *value});
         }
-        AddNumberOnGrid(page.Elements, EndText(chart_.Sites[site]), plot_.X + WidthOf(before) + kValueGap,
-                        top + row_ / 2, Align::Left, kValueFont, metrics_);
+        AddNumberOnGrid(page.Elements, SumText(chart_, chart_.Sites[site]),
+                        plot_.X + WidthOf(before) + kValueGap, top + row_ / 2, Align::Left, kValueFont,
+                        metrics_);
     }
 
     const Chart& chart_;

@@ -228,8 +228,8 @@ TEST(ChartColumns, SegmentsCarryTheirValueWhereItFits) {
 }
 
 TEST(ChartColumns, BarsTooNarrowForTheWidestValueCarryNone) {
-    // 40 sites have bars of 12 or 13 points, and "12" in letters of 8 points is 9.6 wide, with its
-    // edges 13.6.
+    // 40 sites have bars of 12 or 13 points, and "12" in letters of 8 points is 9.6 wide, with what
+    // stays free around it 15.6.
     Chart chart = test::ClassChart(40, ChartKind::Stacked);
     for (Site& site : chart.Sites) site.Label.clear();
     const auto inBars = [](const Page& page) {
@@ -295,6 +295,21 @@ TEST(ChartColumns, WhatIsNoValueHasNoBar) {
         EXPECT_EQ(pages[0].Bars[0].Series, 6U);
         EXPECT_EQ(pages[0].Bars[1].Site, 2U);
         test::ExpectPagesAreClean(pages, kAcross, "values that are none");
+    }
+}
+
+TEST(ChartColumns, ASiteWithoutBarsTellsWhetherItHasNoValuesOrNone) {
+    for (const ChartKind kind : {ChartKind::Stacked, ChartKind::Grouped}) {
+        Chart chart = test::NewChart(kind, "", "", test::QualityClasses());
+        chart.Sites = {{"a", {std::nullopt, std::nullopt}}, {"b", {std::nullopt, 0.0}}, {"c", {0.0, 3.0}}};
+        std::vector<Label> marks;
+        for (const Label& label : test::All<Label>(test::LayOut(chart)[0]))
+            if (label.Side == Align::Centre && (label.Text == "–" || label.Text == "0"))
+                marks.push_back(label);
+        ASSERT_EQ(marks.size(), 2U);
+        EXPECT_EQ(marks[0].Text, "–");
+        EXPECT_EQ(marks[1].Text, "0");
+        EXPECT_LT(marks[0].X, marks[1].X);
     }
 }
 
