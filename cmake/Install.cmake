@@ -24,7 +24,9 @@ install(EXPORT FX_AlgenTargets NAMESPACE FX_Algen:: DESTINATION ${FX_ALGEN_PACKA
 
 # An export of its own, which the package reads only for whoever asks for the component.
 if(FX_ALGEN_UI)
-    set_target_properties(FX_Algen_ui PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+    # Where they are shared, the libraries stand side by side.
+    set_target_properties(FX_Algen_ui PROPERTIES VERSION ${PROJECT_VERSION}
+        SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR} INSTALL_RPATH "$ORIGIN")
     target_compile_features(FX_Algen_ui PUBLIC cxx_std_20)
     install(TARGETS FX_Algen_ui EXPORT FX_AlgenUiTargets)
     install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/FX_Algen/ui DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/FX_Algen

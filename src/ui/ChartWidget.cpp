@@ -48,10 +48,7 @@ ChartWidget::ChartWidget(QWidget* parent) : QWidget(parent) {
 void ChartWidget::SetChart(charts::Chart chart) {
     chart_ = std::move(chart);
     pages_.clear();
-    const bool turned = page_ != 0;
-    page_ = 0;
     LayOut();
-    if (turned) Q_EMIT PageChanged(page_);
 }
 
 void ChartWidget::ShowPage(int page) {
@@ -140,6 +137,7 @@ void ChartWidget::LayOut() {
     size.Width = std::max(LeastWidth, width() * PointsAnInch / logicalDpiX());
     size.Height = std::max(LeastHeight, height() * PointsAnInch / logicalDpiY());
     size.Margin = Margin;
+    const int pages = PageCount();
     pages_ = charts::Layout(chart_, PageFontMetrics(), size);
 
     const int before = page_;
@@ -150,7 +148,7 @@ void ChartWidget::LayOut() {
     }
     Describe();
     update();
-    if (page_ != before) Q_EMIT PageChanged(page_);
+    if (page_ != before || PageCount() != pages) Q_EMIT PageChanged(page_);
 }
 
 void ChartWidget::Describe() {

@@ -24,7 +24,12 @@ QFont PageFont(const charts::Font& font, int dpi) {
 }
 
 QString ToText(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    auto text = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    for (auto& letter : text) {
+        const auto code = letter.unicode();
+        if (code < 0x20 || code == 0xfffe || code == 0xffff) letter = u' ';
+    }
+    return text;
 }
 
 PageFontMetrics::PageFontMetrics() : device_(1, 1, QImage::Format_RGB32) {

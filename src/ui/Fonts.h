@@ -13,6 +13,7 @@ namespace FX_Algen::ui {
 /// widths on each kind of device.
 QFont PageFont(const charts::Font& font, int dpi);
 
+/// A text as it is drawn: signs that have no picture, and that no SVG may hold, are blanks.
 QString ToText(std::string_view utf8);
 
 /// Measures texts as `PaintPage` draws them, on whatever device. Needs the toolkit's application.

@@ -122,7 +122,7 @@ QByteArray PdfOf(std::span<const TitledPage> pages) {
 
 /// Puts the bytes in place of the file in one step.
 void Save(const std::string& path, const QByteArray& bytes) {
-    QSaveFile file(ToText(path));
+    QSaveFile file(QString::fromStdString(path));
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
         FailAt(path, file.errorString().toStdString(),
                "Name a place where files can be made and that has room, or change the rights of the folder");
@@ -142,7 +142,7 @@ std::vector<std::string> PagePaths(const std::string& path, PictureFormat format
 }
 
 void CheckPlace(const std::string& path) {
-    const QFileInfo place(ToText(path));
+    const QFileInfo place(QString::fromStdString(path));
     const auto folder = place.absolutePath().toStdString();
     const QFileInfo above(place.absolutePath());
     if (!above.exists())

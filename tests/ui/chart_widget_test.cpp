@@ -169,6 +169,14 @@ TEST_F(ShownChart, has_more_pages_in_a_smaller_window_and_stays_at_its_sites) {
     EXPECT_GT(FirstSite(widget), site);
 }
 
+TEST_F(ShownChart, tells_when_its_size_changes_the_number_of_pages) {
+    Show(ClassChart(120), {1600, 700});
+    QSignalSpy turned(&widget, &ChartWidget::PageChanged);
+    widget.resize(640, 500);
+    EXPECT_EQ(turned.count(), 1);
+    EXPECT_EQ(widget.CurrentPage(), 0);
+}
+
 TEST_F(ShownChart, begins_again_with_another_chart) {
     Show(ClassChart(120), {700, 500});
     widget.ShowPage(2);

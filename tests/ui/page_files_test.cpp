@@ -113,6 +113,20 @@ TEST(SvgFile, keeps_signs_that_mean_something_in_markup) {
     EXPECT_EQ(svg.Texts.value(0), QStringLiteral("A < B & \"C\""));
 }
 
+TEST(SvgFile, can_be_read_whatever_signs_a_name_holds) {
+    const Folder folder;
+    const auto path = folder / "a.svg";
+    // A control sign, a tab, a line break, a sign that is none (U+FFFF) and a byte that is no UTF-8.
+    WritePages({Titled("A\x01"
+                       "B\tC\nD\xef\xbf\xbf"
+                       "E\xff")},
+               PictureFormat::Svg, path);
+    const auto svg = ReadSvg(path);
+    EXPECT_EQ(svg.Failure, QString());
+    EXPECT_EQ(svg.Texts.value(0), QStringLiteral("A B C D E\uFFFD"));
+    EXPECT_EQ(svg.Title, QStringLiteral("Übersicht A B C D E\uFFFD"));
+}
+
 TEST(SvgFile, looks_like_the_picture_of_dots) {
     const Folder folder;
     WritePages({Titled("Wöchnerin")}, PictureFormat::Svg, folder / "a.svg");

@@ -37,7 +37,7 @@ public:
     QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
-    /// After another page is shown, also where the widget's size made the pages anew.
+    /// After another page or chart is shown, and where the widget's size changed the number of pages.
     void PageChanged(int page);
 
 protected:
