@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <map>
-#include <set>
 
 #include "FX_Algen/ChartData.h"
 #include "FX_Algen/Texts.h"
@@ -38,21 +37,23 @@ struct Results {
     std::int32_t WithoutSample = 0;  ///< sub-habitats with neither
     std::int32_t NotDrawn = 0;       ///< sub-habitats with a row that the chart cannot reach
     std::int32_t Twice = 0;          ///< sub-habitats with a second row, from their diatoms alone
+    std::int32_t SeveralSites = 0;   ///< sub-habitats with more than one sampling site, each with a bar
     std::map<LaufStand, std::vector<std::string>> States;  ///< names of the rows that are shown
 };
 
-/// The sub-habitats that the chart reaches: with sampling site, covers and a whole project tree above.
-std::set<std::int32_t> Reachable(store::Database& database) {
-    std::set<std::int32_t> ids;
+/// The sampling sites that the chart reaches, counted by sub-habitat: those with covers and a whole project
+/// tree above.
+std::map<std::int32_t, std::int32_t> ReachableSites(store::Database& database) {
+    std::map<std::int32_t, std::int32_t> sites;
     const auto rows = database.OpenRecordset(
-        "SELECT DISTINCT awaPrStelle.ID_TR AS TeilraumNr FROM ((((awaPrStelle "
+        "SELECT awaPrStelle.ID_TR AS TeilraumNr FROM ((((awaPrStelle "
         "INNER JOIN awaTeilraum ON awaPrStelle.ID_TR = awaTeilraum.ID_TR) "
         "INNER JOIN Teilraum ON awaTeilraum.ID_TR = Teilraum.ID_TR) "
         "INNER JOIN VerUStelle ON Teilraum.ID_VUS = VerUStelle.ID_VUS) "
         "INNER JOIN UnvUStelle ON VerUStelle.ID_UUS = UnvUStelle.ID_UUS) "
         "INNER JOIN Abschnitt ON UnvUStelle.ID_AB = Abschnitt.ID_AB;");
-    for (; !rows->Eof(); rows->MoveNext()) ids.insert((*rows)["TeilraumNr"].I4());
-    return ids;
+    for (; !rows->Eof(); rows->MoveNext()) ++sites[(*rows)["TeilraumNr"].I4()];
+    return sites;
 }
 
 /// "Brücke 12.05.2026 Strom", with "[KA]" for the row from the diatoms alone.
@@ -68,7 +69,7 @@ std::string NameOf(const Teilraum& teilraum, const store::Value& KAOnly, std::in
 
 Results ReadResults(const ChartSource& source, const std::vector<Teilraum>& list, Streams& streams) {
     Results results;
-    const std::set<std::int32_t> reachable = Reachable(*source.Database);
+    const std::map<std::int32_t, std::int32_t> sites = ReachableSites(*source.Database);
     Laufpruefung pruefung(source.Database);
     Progress progress(streams, Text(words::ChartProgress, source.SprachID), list.size());
     std::size_t done = 0;
@@ -81,10 +82,12 @@ Results ReadResults(const ChartSource& source, const std::vector<Teilraum>& list
             ++(teilraum.HatAlgen ? results.Without : results.WithoutSample);
             continue;
         }
-        if (!reachable.contains(teilraum.ID_TR)) {
+        const auto own = sites.find(teilraum.ID_TR);
+        if (own == sites.end()) {
             ++results.NotDrawn;
             continue;
         }
+        if (own->second > 1) ++results.SeveralSites;
         std::int32_t count = 0;
         for (; !rows->Eof(); rows->MoveNext(), ++count) {
             results.States[pruefung.Ergebnis(*rows).Stand].push_back(
@@ -114,6 +117,8 @@ std::vector<std::string> MessagesOf(const Results& results) {
          "project tree above");
     warn(results.Twice, "appears", "appear",
          "twice: an assessment left one result from all algae groups and one from the diatoms alone");
+    warn(results.SeveralSites, "has", "have",
+         "several sampling sites: the bar of each of them shows the result of the whole sub-habitat");
     for (const StateWords& state : States) {
         const auto found = results.States.find(state.Stand);
         if (found == results.States.end()) continue;
@@ -139,6 +144,7 @@ std::string Names(const std::vector<std::string>& names, std::int32_t rows, std:
 }
 
 void AddFootnotes(charts::Chart& chart, const Results& results, std::int16_t SprachID) {
+    if (results.SeveralSites > 0) chart.Footnotes.push_back(Text(words::SeveralSites, SprachID));
     for (const StateWords& state : States) {
         const auto found = results.States.find(state.Stand);
         if (found == results.States.end()) continue;

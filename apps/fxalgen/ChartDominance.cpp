@@ -58,7 +58,7 @@ public:
 
     void Draw(const Teilraum& teilraum) {
         if (!teilraum.HatAlgen) {
-            Warn(teilraum, "it has no algae sample (no row in awaTeilraum) and no chart");
+            ++withoutSample_;
             return;
         }
         if (teilraum.ID_PRJ.IsNull()) {
@@ -81,6 +81,11 @@ public:
     }
 
     ChartSet Take() {
+        if (withoutSample_ > 0) {
+            set_.Messages.push_back("warning: " + store::NumberText(withoutSample_) +
+                                    (withoutSample_ == 1 ? " sub-habitat has" : " sub-habitats have") +
+                                    " no algae sample (no row in awaTeilraum) and no chart");
+        }
         if (set_.Charts.empty()) {
             set_.Messages.emplace_back("there is nothing to draw, and no picture was written");
         }
@@ -172,6 +177,7 @@ private:
     const ChartSource& source_;
     const DominanceOptions& options_;
     ChartSet set_;
+    std::int32_t withoutSample_ = 0;
     std::optional<std::int32_t> listed_;  ///< the project whose list is in the database
     std::map<std::int32_t, std::string> withoutList_;
 };

@@ -250,6 +250,7 @@ inline constexpr std::int16_t ChartUnknown = 5632;
 inline constexpr std::int16_t AndFurther = 5633;
 inline constexpr std::int16_t AllShown = 5634;
 inline constexpr std::int16_t ChartProgress = 5635;
+inline constexpr std::int16_t SeveralSites = 5636;
 }  // namespace words
 
 /// The text with its place holder "|" replaced.

@@ -222,6 +222,25 @@ TEST_F(DistributionChart, TellsThatAssessedSubHabitatsAppearTwice) {
     EXPECT_THAT(TheChart().Footnotes, Not(IsEmpty()));
 }
 
+TEST_F(DistributionChart, TellsThatSamplingSitesOfOneSubHabitatShareItsResult) {
+    Execute({"INSERT INTO awaPrStelle (ID_PS, ID_TR, PSBez) VALUES (2, 11, 'Gänsau');"});
+    ASSERT_EQ(Call({"calculate", path_}).Code, 0);
+    const auto outcome = Draw("quality-classes", {"--scope", "Projekt:1", "--lang", "en"});
+    EXPECT_EQ(outcome.Code, 0);
+    EXPECT_THAT(outcome.Err,
+                HasSubstr("warning: 1 sub-habitat has several sampling sites: the bar of each of them "
+                          "shows the result of the whole sub-habitat\n"));
+    EXPECT_THAT(Bars(TheChart()), ElementsAre("Brücke 12.05.2026 Furt: 0 2 4 0 0 0 0",
+                                              "Brücke 12.05.2026 Gänsau: 0 2 4 0 0 0 0",
+                                              "Brücke 12.05.2026 Steg: 0 1 0 0 0 0 0"));
+    EXPECT_THAT(TheChart().Footnotes,
+                ElementsAre("Where a sub-habitat has several sampling sites, the bar of each "
+                            "shows the result of the whole sub-habitat."));
+    // Not of this part of the scope.
+    EXPECT_EQ(Draw("quality-classes", {"--scope", "Teilraum:13"}).Err, "");
+    EXPECT_THAT(TheChart().Footnotes, IsEmpty());
+}
+
 TEST_F(DistributionChart, ShowsValencesAsTheResultTableHoldsThem) {
     FillValences();
     const auto outcome = Draw("valences", {"--scope", "Teilraum:11"});

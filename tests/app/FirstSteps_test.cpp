@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "app/CommandCall.h"
+#include "fxalgen/Charts.h"
 
 // The ways that the users' pages describe, in-process and with the program itself.
 
@@ -109,6 +110,29 @@ TEST_F(FirstSteps, TheProgramCalculatesAndExplainsTheDemoRivers) {
     for (const auto& row : classes) {
         EXPECT_EQ(row["Status"], "current");
         EXPECT_THAT(row["OEZK_Klasse"].get<std::string>(), HasSubstr("(Beispiel)"));
+    }
+}
+
+TEST_F(FirstSteps, TheProgramDrawsTheDemoRivers) {
+    if (!BuiltInPictures()) GTEST_SKIP() << "this build draws no pictures";
+    const std::string database = "'" + Path("Flüsse.db") + "'";
+    ASSERT_EQ(Start("create " + database + " --demo").Code, 0);
+    ASSERT_EQ(Start("calculate " + database).Code, 0);
+    struct Drawing {
+        std::string Arguments;
+        std::string Picture;
+        std::string Begin;  ///< of the file
+    };
+    for (const Drawing& drawing :
+         {Drawing{"quality-classes", Path("Gütestufen.svg"), "<?xml"},
+          Drawing{"dominance --scope Projekt:1 --min 1", Path("Dominanz.pdf"), "%PDF-"},
+          Drawing{"dominance --scope Teilraum:3 --diatoms --lang en", Path("Kieselalgen.png"), "\x89PNG"}}) {
+        SCOPED_TRACE(drawing.Arguments);
+        const Outcome chart =
+            Start("chart " + database + " " + drawing.Arguments + " -o '" + drawing.Picture + "'");
+        EXPECT_EQ(chart.Code, 0) << chart.Err;
+        EXPECT_THAT(chart.Out, testing::StartsWith(drawing.Picture + "\n"));
+        EXPECT_EQ(Read(drawing.Picture).substr(0, drawing.Begin.size()), drawing.Begin);
     }
 }
 
