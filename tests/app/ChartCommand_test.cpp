@@ -94,6 +94,22 @@ TEST_F(Chart, PrintsEachPathThatWasWritten) {
     EXPECT_EQ(outcome.Err, "");
 }
 
+TEST_F(Chart, ShowsAProgressBarOnATerminalAndWipesItBeforeMessages) {
+    ASSERT_EQ(Call({"calculate", path_}).Code, 0);
+    const auto keep = [](const std::vector<charts::Chart>&, const std::string& path) {
+        return std::vector<std::string>{path};
+    };
+    for (const std::string name : {"quality-classes", "dominance"}) {
+        SCOPED_TRACE(name);
+        const std::vector<std::string> arguments{"chart", path_, name, "-o", Path("Bild.svg")};
+        // Two of four sub-habitats are done.
+        EXPECT_THAT(CallWith(arguments, keep, true).Err,
+                    HasSubstr("\rDiagramm wird erstellt [###############               ] 50 %"));
+        EXPECT_THAT(CallWith(arguments, keep, true).Err, HasSubstr(" \rfxalgen chart: warning: "));
+        EXPECT_THAT(CallWith(arguments, keep).Err, testing::Not(HasSubstr("Diagramm")));
+    }
+}
+
 TEST_F(Chart, WarnsOfAPageThatAFormerPictureLeft) {
     ASSERT_EQ(Call({"calculate", path_}).Code, 0);
     std::ofstream(Path("Bild-2.svg")) << "from before";

@@ -6,6 +6,7 @@
 
 using namespace FX_Algen;
 using namespace FX_Algen::cli;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -239,6 +240,15 @@ TEST_F(DistributionChart, TellsThatSamplingSitesOfOneSubHabitatShareItsResult) {
     // Not of this part of the scope.
     EXPECT_EQ(Draw("quality-classes", {"--scope", "Teilraum:13"}).Err, "");
     EXPECT_THAT(TheChart().Footnotes, IsEmpty());
+}
+
+TEST_F(DistributionChart, TellsTheRowOfTheDiatomsApartAtTheFoot) {
+    ASSERT_EQ(Call({"assess", path_, "--scope", "Projekt:1"}).Code, 0);
+    Execute({"UPDATE awaTeilraum SET DG_Gesamt_WRRL=41 WHERE ID_TR=11;"});
+    EXPECT_EQ(Draw("quality-classes", {"--scope", "Projekt:1"}).Code, 0);
+    EXPECT_THAT(TheChart().Footnotes,
+                Contains("Veraltet (Funde, Deckungen oder Einstufungen wurden seit der Berechnung geändert): "
+                         "Brücke 12.05.2026 Strom; Brücke 12.05.2026 Strom [KA]"));
 }
 
 TEST_F(DistributionChart, ShowsValencesAsTheResultTableHoldsThem) {

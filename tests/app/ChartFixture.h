@@ -55,13 +55,14 @@ protected:
     }
 
     /// Calls the command with a writer of the test's own.
-    static cli::Outcome CallWith(const std::vector<std::string>& arguments, PictureWriter pictures) {
+    static cli::Outcome CallWith(const std::vector<std::string>& arguments, PictureWriter pictures,
+                                 bool terminal = false) {
         std::istringstream in;
         std::ostringstream out;
         std::ostringstream err;
         std::vector<std::unique_ptr<Command>> commands;
         commands.push_back(MakeChartCommand(std::move(pictures)));
-        const int code = cli::Run(arguments, Streams{in, out, err}, std::move(commands));
+        const int code = cli::Run(arguments, Streams{in, out, err, terminal}, std::move(commands));
         return {code, out.str(), err.str()};
     }
 
