@@ -12,7 +12,7 @@ FXALGEN := $(RELEASE)/apps/fxalgen/fxalgen
 .PHONY: help demo test bench install format tidy clean packages release
 
 help:
-	@echo "make demo      build, calculate, assess and draw the demo rivers, print the results and one explanation"
+	@echo "make demo      build, calculate, assess and draw the demo rivers and their seston, print results and explanations"
 	@echo "make test      build and run all tests, with sanitizers and optimised"
 	@echo "make bench     run the benchmarks, figures in build/bench.txt"
 	@echo "make install   install below PREFIX=$(PREFIX)"

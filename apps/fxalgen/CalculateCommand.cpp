@@ -9,6 +9,7 @@
 #include "fxalgen/Lauf.h"
 #include "fxalgen/Progress.h"
 #include "fxalgen/Scope.h"
+#include "fxalgen/Seston.h"
 #include "fxalgen/Words.h"
 
 namespace FX_Algen::cli {
@@ -24,7 +25,7 @@ struct Failure {
 /// What became of the sub-habitats of a run.
 struct Outcome {
     std::int32_t Calculated = 0;
-    std::int32_t WithoutAlgae = 0;
+    std::int32_t WithoutSample = 0;  ///< of algae not calculated, of seston calculated to zeros
     std::vector<Failure> Failures;
 };
 
@@ -38,7 +39,8 @@ public:
     }
     std::string_view Example() const override {
         return "  fxalgen calculate project.db\n"
-               "  fxalgen calculate project.db --scope Projekt:1 --lang en";
+               "  fxalgen calculate project.db --scope Projekt:1 --lang en\n"
+               "  fxalgen calculate project.db --seston";
     }
 
     void Arguments(CLI::App& app) override {
@@ -47,7 +49,8 @@ public:
                        "Sub-habitats to calculate: Projekt:<ID_PRJ>, UStelle:<ID_UUS>, "
                        "Rechenmanager:<ID_RechMan> or Teilraum:<ID_TR>; without it all of them");
         CLI::Option* seston =
-            app.add_flag("--seston", seston_, "Seston indices instead of those of the algae");
+            app.add_flag("--seston", seston_,
+                         "Seston indices instead of those of the algae, into a result table of their own");
         app.add_flag("--wrrl", wrrl_,
                      "Assessment variant: covers and taxa as the Water Framework Directive asks")
             ->excludes(seston);
@@ -66,7 +69,7 @@ public:
         ps.DBName(path_);
         ps.SprachID(SprachID());
         const Outcome outcome =
-            seston_ ? RunSeston(ps, list, streams) : RunAlgae(ps, *database, list, streams);
+            seston_ ? RunSeston(ps, *database, list, streams) : RunAlgae(ps, *database, list, streams);
         Report(outcome, streams);
         return outcome.Failures.empty() ? Exit::Done : Exit::Failed;
     }
@@ -103,7 +106,7 @@ private:
             try {
                 ps.Berechnung_Execute();
                 LaufNotieren(database, teilraum.ID_TR);
-                ++(teilraum.HatAlgen ? outcome.Calculated : outcome.WithoutAlgae);
+                ++(teilraum.HatAlgen ? outcome.Calculated : outcome.WithoutSample);
             } catch (const Error& error) {
                 outcome.Failures.push_back({&teilraum, error.Number(), error.Description()});
                 LaufNotieren(database, teilraum.ID_TR, error);
@@ -112,8 +115,12 @@ private:
         return outcome;
     }
 
-    Outcome RunSeston(AL_PS& ps, const std::vector<Teilraum>& list, Streams& streams) const {
+    /// Every sub-habitat of the scope gets a row: one of zeros where it has no seston.
+    Outcome RunSeston(AL_PS& ps, store::Database& database, const std::vector<Teilraum>& list,
+                      Streams& streams) const {
         ps.Berechnung_InitSeston();
+        SestonLaufBeginnen(database);
+        const std::set<std::int32_t> withSeston = TeilraeumeMitSeston(database);
         Outcome outcome;
         Progress progress(streams, ps.Berechnung_Statustext(), list.size());
         std::size_t done = 0;
@@ -121,10 +128,13 @@ private:
             progress.Show(done++);
             SetContext(ps, teilraum);
             try {
+                const std::string inputs = DigestOfSeston(database, teilraum.ID_TR);
                 ps.Berechnung_ExecuteSeston();
-                ++outcome.Calculated;
+                SestonNotieren(database, teilraum.ID_TR, inputs);
+                ++(withSeston.contains(teilraum.ID_TR) ? outcome.Calculated : outcome.WithoutSample);
             } catch (const Error& error) {
                 outcome.Failures.push_back({&teilraum, error.Number(), error.Description()});
+                SestonNotieren(database, teilraum.ID_TR, error);
             }
         }
         return outcome;
@@ -132,8 +142,10 @@ private:
 
     void Report(const Outcome& outcome, Streams& streams) const {
         streams.Out << WithNumber(words::Calculated, SprachID(), outcome.Calculated) << '\n';
-        if (outcome.WithoutAlgae > 0) {
-            streams.Out << WithNumber(words::WithoutAlgae, SprachID(), outcome.WithoutAlgae) << '\n';
+        if (outcome.WithoutSample > 0) {
+            streams.Out << WithNumber(seston_ ? words::WithoutSeston : words::WithoutAlgae, SprachID(),
+                                      outcome.WithoutSample)
+                        << '\n';
         }
         if (outcome.Failures.empty()) return;
         streams.Out << WithNumber(words::Failed, SprachID(),

@@ -7,6 +7,7 @@
 #include "fxalgen/Commands.h"
 #include "fxalgen/ExplanationText.h"
 #include "fxalgen/Scope.h"
+#include "fxalgen/SestonText.h"
 
 namespace FX_Algen::cli {
 
@@ -39,16 +40,25 @@ public:
         const std::vector<Teilraum> list = ReadTeilraeume(*database, scope);
         const Explanation explanation = Explain(database, list.front().ID_TR);
         const AssessedSite site = ReadAssessments(database, list.front().ID_TR);
+        const std::optional<SestonExplanation> seston = ReadSeston(database, list.front().ID_TR);
         if (format_ == "json") {
             Json json = ExplanationAsJson(explanation);
             json["Assessments"] = AssessmentsAsJson(site);
             json["AssessmentsFailed"] = FailureAsJson(site.Failed);
             json["LastRunFailed"] = FailureAsJson(site.LastRun);
+            json["Seston"] = SestonAsJson(seston);
             streams.Out << json.dump(2) << '\n';
+        } else if (seston && IsWithoutAlgae(explanation, site)) {
+            PrintHead(streams.Out, list.front(), SprachID());
+            PrintSeston(streams.Out, *seston, SprachID());
         } else {
             std::ostringstream assessments;
             PrintAssessments(assessments, site, explanation, SprachID());
             PrintExplanation(streams.Out, explanation, list.front(), SprachID(), assessments.str());
+            if (seston) {
+                streams.Out << '\n';
+                PrintSeston(streams.Out, *seston, SprachID());
+            }
         }
         if (!site.Failed) return Exit::Done;
         streams.Err << "fxalgen explain: the stored assessments are not explained: "
@@ -57,6 +67,12 @@ public:
     }
 
 private:
+    /// Neither sampled for algae nor with anything left of a time when it was.
+    static bool IsWithoutAlgae(const Explanation& explanation, const AssessedSite& site) {
+        return !explanation.Sampled && explanation.State == StoredResult::Missing &&
+               site.Assessments.empty() && !site.Failed && !site.LastRun;
+    }
+
     std::string path_;
     std::string scope_;
     std::string format_ = "text";

@@ -114,17 +114,6 @@ Json ClassRowAsJson(const ExplainedClassRow& row) {
             {"Class", Optional(row.Class)},         {"Rule", NameOf(row.Rule)}};
 }
 
-Json CountAsJson(const ExplainedCount& count) {
-    return {
-        {"Column", count.Column},
-        {"Taxa", ListOf(count.Taxa,
-                        [](const ExplainedCount::Taxon& taxon) {
-                            return Json{{"ID_ART", taxon.ID_ART}, {"Taxon", TextOf(taxon.Name, "awaArt")}};
-                        })},
-        {"Result", ToJson(count.Result, count.Column)},
-        {"Stored", ToJson(count.Stored, count.Column)}};
-}
-
 Json StandAsJson(const ExplainedStand& stand) {
     return {{"ID_TR_MI", stand.ID_TR_MI},
             {"MI_Bez", TextOf(stand.MI_Bez, "MI_Bez")},
@@ -154,6 +143,17 @@ Json IndexAsJson(const ExplainedIndex& index) {
             {"ValueSum", Optional(index.ValueSum)},
             {"Result", ToJson(index.Result, index.Column)},
             {"Stored", ToJson(index.Stored, index.Column)}};
+}
+
+Json CountAsJson(const ExplainedCount& count) {
+    return {
+        {"Column", count.Column},
+        {"Taxa", ListOf(count.Taxa,
+                        [](const ExplainedCount::Taxon& taxon) {
+                            return Json{{"ID_ART", taxon.ID_ART}, {"Taxon", TextOf(taxon.Name, "awaArt")}};
+                        })},
+        {"Result", ToJson(count.Result, count.Column)},
+        {"Stored", ToJson(count.Stored, count.Column)}};
 }
 
 Json ColumnAsJson(const ExplainedColumn& column) {

@@ -406,6 +406,10 @@ void PrintExplanation(std::ostream& out, const Explanation& explanation, const T
     writer.State(explanation);
 }
 
+void PrintHead(std::ostream& out, const Teilraum& teilraum, std::int16_t SprachID) {
+    Writer(out, SprachID).Head(teilraum);
+}
+
 void PrintIndex(std::ostream& out, const ExplainedIndex& index, std::int16_t SprachID) {
     Writer(out, SprachID).Index(index);
 }

@@ -16,12 +16,16 @@ namespace FX_Algen::cli {
 void PrintExplanation(std::ostream& out, const Explanation& explanation, const Teilraum& teilraum,
                       std::int16_t SprachID, std::string_view assessments = {});
 
+/// The names that lead to the sub-habitat, as a title.
+void PrintHead(std::ostream& out, const Teilraum& teilraum, std::int16_t SprachID);
+
 /// One index, block by block, with what was left out and the sums.
 void PrintIndex(std::ostream& out, const ExplainedIndex& index, std::int16_t SprachID);
 
 /// The explanation with the names of the public structure; enumerators as their names, Null as null.
 Json ExplanationAsJson(const Explanation& explanation);
 Json IndexAsJson(const ExplainedIndex& index);
+Json CountAsJson(const ExplainedCount& count);
 Json ColumnAsJson(const ExplainedColumn& column);
 Json FailureAsJson(const std::optional<Explanation::Failure>& failure);
 std::string_view NameOf(StoredResult state);

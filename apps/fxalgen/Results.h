@@ -76,6 +76,7 @@ struct ResultKind {
     std::string_view Table;
     bool HasKAOnly;                   ///< a sub-habitat may have a second row, from its diatoms alone
     bool HasCoverage;                 ///< rows carry coverage
+    bool IsSeston;                    ///< rows of seston, which carry what their index rests on
     std::optional<StateTexts> State;  ///< of rows that carry their state
     std::vector<ResultBlock> Blocks;  ///< the first one is shown with all names
 };
@@ -90,6 +91,9 @@ inline constexpr std::string_view CoverageFields[] = {
     "Anteil_Schalen_SI", "Anteil_Schalen_TI", "Anteil_Schalen_TI_N",
     "Anteil_Deckung_SI", "Anteil_Deckung_TI", "Anteil_Deckung_TI_N",
 };
+
+/// Field of `Record` with the share, in percent, of the seston's abundance that carries a saprobic value.
+inline constexpr std::string_view RatedShareField = "Anteil_Abundanz_SI";
 
 /// Fields of `Record` with the state of a row (`LaufStandText`), and how its calculation failed.
 inline constexpr std::string_view StateFields[] = {"Status", "Fehlernummer", "Fehlertext"};
@@ -108,6 +112,7 @@ struct ResultSet {
     FieldNames Names;  ///< also where there are no records
     std::vector<Record> Records;
     std::int32_t WithoutResult = 0;            ///< sub-habitats of the scope that have no row
+    std::int32_t WithoutSeston = 0;            ///< rows of zeros that the table for people leaves out
     std::vector<FailedTeilraum> WithoutRow{};  ///< those of them of which it is known why
 };
 

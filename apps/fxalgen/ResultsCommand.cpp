@@ -7,6 +7,7 @@
 #include "fxalgen/Lauf.h"
 #include "fxalgen/Results.h"
 #include "fxalgen/Scope.h"
+#include "fxalgen/Seston.h"
 
 namespace FX_Algen::cli {
 
@@ -38,6 +39,17 @@ void AddState(Record& record, const LaufBefund& befund) {
     record.Add(befund.Fehlernummer ? store::Value(befund.Fehlertext) : store::Value());
 }
 
+void AddRatedShare(Record& record, store::Database& database, std::int32_t ID_TR) {
+    const auto share = AnteilMitSaprobiewert(database, ID_TR);
+    record.Add(share ? store::Value(*share) : store::Value());
+}
+
+/// A row of zeros, as a calculation leaves it where there is no seston. A failed one has no numbers at all.
+bool IsRowOfZeros(const store::Recordset& row) {
+    const auto isZero = [&](const char* field) { return !row[field].IsNull() && row[field].R8() == 0; };
+    return isZero("Taxa") && isZero("Abundanzsumme");
+}
+
 bool IsSet(const store::Value& flag) { return !flag.IsNull() && flag.Bool(); }
 
 std::string SelectRows(const ResultKind& kind, const std::string& condition) {
@@ -54,6 +66,7 @@ public:
     std::string_view Example() const override {
         return "  fxalgen results project.db\n"
                "  fxalgen results project.db --wrrl --scope Projekt:1\n"
+               "  fxalgen results project.db --seston\n"
                "  fxalgen results project.db --scope UStelle:3 --format csv > results.csv";
     }
 
@@ -74,7 +87,7 @@ public:
         const Scope scope = scope_ ? ParseScope(*scope_) : Scope{};
         const store::DatabasePtr database = store::Workspace().OpenDatabase(path_);
         const ResultKind& kind = seston_ ? SestonResults() : wrrl_ ? WrrlResults() : ClassicResults();
-        const ResultSet results = Read(database, kind, scope);
+        const ResultSet results = Read(database, kind, scope, format_ == "table");
         if (scope.What == Scope::Kind::All) WarnOfStrayRows(*database, kind, streams);
         if (format_ == "csv") {
             PrintCsv(streams.Out, results);
@@ -87,15 +100,24 @@ public:
     }
 
 private:
-    static ResultSet Read(const store::DatabasePtr& database, const ResultKind& kind, const Scope& scope) {
+    /// `forPeople` leaves out the rows of sub-habitats that have no seston, and counts them.
+    static ResultSet Read(const store::DatabasePtr& database, const ResultKind& kind, const Scope& scope,
+                          bool forPeople) {
         ResultSet results;
         results.Names = ReadNames(*database, kind);
         Laufpruefung pruefung(database);
+        const std::set<std::int32_t> withSeston =
+            kind.IsSeston ? TeilraeumeMitSeston(*database) : std::set<std::int32_t>();
         for (const Teilraum& teilraum : ReadTeilraeume(*database, scope)) {
             const auto rows =
                 database->OpenRecordset(SelectRows(kind, "ID=" + store::NumberText(teilraum.ID_TR)));
             if (rows->Eof()) NoteWithout(results, *database, kind, teilraum.ID_TR);
             for (; !rows->Eof(); rows->MoveNext()) {
+                if (kind.IsSeston && forPeople && !withSeston.contains(teilraum.ID_TR) &&
+                    IsRowOfZeros(*rows)) {
+                    ++results.WithoutSeston;
+                    continue;
+                }
                 Record record(results.Names);
                 Fill(record, database, kind, teilraum, pruefung, *rows);
                 results.Records.push_back(std::move(record));
@@ -111,6 +133,7 @@ private:
         if (kind.HasCoverage) {
             names.insert(names.end(), std::begin(CoverageFields), std::end(CoverageFields));
         }
+        if (kind.IsSeston) names.emplace_back(RatedShareField);
         if (kind.State) names.insert(names.end(), std::begin(StateFields), std::end(StateFields));
         return std::make_shared<const std::vector<std::string>>(std::move(names));
     }
@@ -122,6 +145,11 @@ private:
         if (kind.HasCoverage) {
             AddCoverage(record, CoverageOf(database, teilraum.ID_TR, IsSet(row["IstWRRL"])));
         }
+        if (kind.IsSeston) {
+            AddRatedShare(record, *database, teilraum.ID_TR);
+            AddState(record, SestonBefund(*database, row));
+            return;
+        }
         if (!kind.State) return;
         const bool isAssessment = kind.Table == WrrlResults().Table;
         AddState(record, isAssessment ? pruefung.Bewertung(row) : pruefung.Ergebnis(row));
@@ -131,7 +159,9 @@ private:
                             std::int32_t ID_TR) {
         ++results.WithoutResult;
         if (!kind.State) return;
-        if (const auto befund = FehlschlagOhneZeile(database, ID_TR)) {
+        const auto befund =
+            kind.IsSeston ? SestonFehlschlagOhneZeile(database, ID_TR) : FehlschlagOhneZeile(database, ID_TR);
+        if (befund) {
             results.WithoutRow.push_back({ID_TR, *befund->Fehlernummer, befund->Fehlertext});
         }
     }

@@ -136,6 +136,22 @@ TEST_F(FirstSteps, TheProgramDrawsTheDemoRivers) {
     }
 }
 
+TEST_F(FirstSteps, TheProgramCalculatesAndExplainsTheSestonOfTheDemo) {
+    const std::string database = "'" + Path("Flüsse.db") + "'";
+    ASSERT_EQ(Start("create " + database + " --demo").Code, 0);
+    const Outcome calculate = Start("calculate " + database + " --seston");
+    EXPECT_EQ(calculate.Code, 0);
+    EXPECT_EQ(calculate.Out, "Teilräume berechnet: 12\nOhne Seston, Zeile mit Nullen: 18\n");
+    EXPECT_EQ(calculate.Err, "");
+    const auto rows = nlohmann::json::parse(Start("results " + database + " --seston --format json").Out);
+    EXPECT_EQ(rows.size(), 30u);
+    for (const auto& row : rows) EXPECT_EQ(row["Status"], "current");
+    const Outcome explain = Start("explain " + database + " Teilraum:27");
+    EXPECT_EQ(explain.Code, 0);
+    EXPECT_THAT(explain.Out, HasSubstr("\nSeston\n"));
+    EXPECT_THAT(explain.Out, HasSubstr("Gespeichertes Ergebnis: aktuell\n"));
+}
+
 TEST_F(FirstSteps, TheProgramSeparatesResultsMessagesAndExitCodes) {
     const Outcome version = Start("--version");
     EXPECT_EQ(version.Code, 0);

@@ -82,7 +82,7 @@ TEST(ReadOnlyFolder, ADatabaseInItIsReadAndDumpedAndNotWritten) {
         const Error refused = FailureOf([&] { db->Execute("INSERT INTO Projekt (PRJBez) VALUES ('Au');"); });
         EXPECT_EQ(refused.Number(), ErrorNumber::NotADatabase);
         EXPECT_THAT(refused.Description(), HasSubstr("read-only"));
-        EXPECT_EQ(Dump(path, out).size(), 77U);
+        EXPECT_EQ(Dump(path, out).size(), 78U);
         EXPECT_THAT(FailureOf([&] { LoadDemo(path); }).Description(), HasSubstr("read-only"));
     }
     std::filesystem::remove_all(out);

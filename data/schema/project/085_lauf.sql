@@ -10,3 +10,12 @@ CREATE TABLE fx_Lauf (
     Fehlertext TEXT,  -- its description
     PRIMARY KEY (ID, KAOnly)
 );
+
+-- From what the seston of a sub-habitat was calculated. Emptied by each run over seston; other runs leave it alone.
+CREATE TABLE fx_LaufSeston (
+    ID INTEGER NOT NULL PRIMARY KEY,  -- sub-habitat (ID_TR)
+    Eingaben TEXT,  -- digest of what was read; Null where the run failed
+    Ergebnis TEXT,  -- digest of the result row as the run left it; Null where there was none
+    Fehlernummer INTEGER,  -- number of the failure; Null where there was none
+    Fehlertext TEXT  -- its description
+);
