@@ -114,13 +114,13 @@ TEST_F(AL_PS_Seston, FailuresNameTheOperationAndLeaveTheKey) {
 
 TEST_F(AL_PS_Seston, DebugModusShowsBoxesWhateverSilentModusSays) {
     const auto port = std::make_shared<store::RecordingMessages>();
-    SetDisplay(port);
+    const auto before = SetDisplay(port);
     ps.TeilraumID(17);
     ps.SilentModus(true);
     ps.DebugModus(true);
     ps.Berechnung_ExecuteSeston();
     const auto boxes = port->TakeShown();
-    SetDisplay(nullptr);
+    SetDisplay(before);
     ASSERT_EQ(boxes.size(), 7U);
     EXPECT_EQ(boxes.front().Text, "INSERT INTO sesErgProjekt (ID) VALUES(17);");
     EXPECT_EQ(boxes.back().Text, "SapSeston update: ");
