@@ -4,6 +4,7 @@
 #include <set>
 #include <utility>
 
+#include "cases/CaseExpectation.h"
 #include "cases/CaseSections.h"
 
 namespace FX_Algen::cases {
@@ -27,8 +28,10 @@ public:
         ReadStands();
         ReadReference();
         ReadList();
-        case_.FirstRun = ReadExpectation("expected: first run");
-        case_.SecondRun = ReadExpectation("expected: second run");
+        case_.FirstRun =
+            ReadExpectation(case_.File, sections_.Required("expected: first run"), case_.Reasoning);
+        case_.SecondRun =
+            ReadExpectation(case_.File, sections_.Required("expected: second run"), case_.Reasoning);
         RequireEveryTaxonUsed();
         sections_.RequireAllRead();
         return std::move(case_);
@@ -146,59 +149,10 @@ private:
         for (const auto& row : table.Rows()) {
             ExpectedAbundance abundance{row.Line(), TaxonOf(row), row.Cf(), row.Text("percent")};
             if (!IsNumber(abundance.Percent)) row.Fail("\"" + abundance.Percent + "\" is no number");
-            RequireReason(row.Line(), abundance.Percent);
+            RequireReason({case_.File, case_.Reasoning}, row.Line(), abundance.Percent);
             list.push_back(std::move(abundance));
         }
         case_.List = std::move(list);
-    }
-
-    Expectation ReadExpectation(const std::string& name) {
-        const auto& section = sections_.Required(name);
-        Expectation expectation;
-        expectation.Line = section.Line;
-        auto line = section.Lines.begin();
-        if (line != section.Lines.end() && line->Text.starts_with("failure ")) {
-            const auto number = line->Text.substr(8);
-            if (number.empty() || number.find_first_not_of("0123456789") != std::string::npos ||
-                number.size() > 5)
-                throw CaseError(case_.File, line->Number, "\"" + number + "\" is no number of a failure");
-            expectation.Failure = std::stoi(number);
-            ++line;
-        }
-        if (line != section.Lines.end() && line->Text == "no row") {
-            expectation.NoRow = true;
-            ++line;
-            if (line != section.Lines.end())
-                throw CaseError(case_.File, line->Number, "values are expected where no row is");
-        }
-        for (; line != section.Lines.end(); line += 2) {
-            if (line + 1 == section.Lines.end())
-                throw CaseError(case_.File, line->Number, "headings without values below");
-            AddValues(expectation, *line, *(line + 1));
-        }
-        if (!expectation.NoRow && expectation.Values.empty())
-            throw CaseError(case_.File, section.Line, "nothing is expected of the run");
-        return expectation;
-    }
-
-    void AddValues(Expectation& expectation, const Line& headings, const Line& values) const {
-        const auto columns = CellsOf(headings.Text);
-        const auto cells = CellsOf(values.Text);
-        if (cells.size() != columns.size())
-            throw CaseError(case_.File, values.Number,
-                            std::to_string(cells.size()) + " values below " + std::to_string(columns.size()) +
-                                " headings");
-        for (std::size_t i = 0; i < columns.size(); ++i) {
-            if (columns[i].empty()) throw CaseError(case_.File, headings.Number, "a heading is empty");
-            if (cells[i].empty())
-                throw CaseError(case_.File, values.Number, "no value is expected of \"" + columns[i] + "\"");
-            for (const auto& other : expectation.Values) {
-                if (other.Column == columns[i])
-                    throw CaseError(case_.File, headings.Number, "\"" + columns[i] + "\" stands twice");
-            }
-            RequireReason(values.Number, cells[i]);
-            expectation.Values.push_back({values.Number, columns[i], cells[i]});
-        }
     }
 
     Row TheOneRow(const Table& table, const std::string& section) const {
@@ -224,25 +178,6 @@ private:
         const auto found = std::find_if(case_.Stands.begin(), case_.Stands.end(),
                                         [&](const Stand& stand) { return stand.Name == name; });
         return found == case_.Stands.end() ? nullptr : &*found;
-    }
-
-    /// A number that is expected must be one that the reasoning comes to; its sign apart, since a dash may
-    /// stand before a number in a sentence.
-    void RequireReason(std::size_t line, std::string_view number) const {
-        if (!IsNumber(number)) return;
-        if (number.front() == '-') number.remove_prefix(1);
-        constexpr std::string_view digits = "0123456789";
-        constexpr std::string_view digitsAndPoint = "0123456789.";
-        const std::string_view reasons = case_.Reasoning;
-        for (auto begin = reasons.find_first_of(digits); begin != std::string_view::npos;) {
-            const auto end = std::min(reasons.find_first_not_of(digitsAndPoint, begin), reasons.size());
-            auto found = reasons.substr(begin, end - begin);
-            if (found.back() == '.') found.remove_suffix(1);
-            if (found == number) return;
-            begin = reasons.find_first_of(digits, end);
-        }
-        throw CaseError(case_.File, line,
-                        "the reasoning does not come to " + std::string(number) + ", which is expected");
     }
 
     /// A taxon that nobody found is most likely a slip of the pen in one of the two tables.

@@ -196,25 +196,32 @@ Outcome Assess(const store::DatabasePtr& database, const Case& sample, std::vect
 
 std::vector<Difference> Differences(const store::DatabasePtr& database, const Expectation& expected,
                                     const std::optional<Error>& failure, bool KAOnly) {
+    auto differences =
+        RowDifferences(*database, {"awaErgWRRL", "KAOnly=" + std::string(Flag(KAOnly))}, expected, failure);
+    for (auto& difference : differences) {
+        difference.Text = (KAOnly ? "second run: " : "first run: ") + difference.Text;
+    }
+    return differences;
+}
+
+std::vector<Difference> RowDifferences(store::Database& database, const ResultRow& where,
+                                       const Expectation& expected, const std::optional<Error>& failure) {
     std::vector<Difference> differences;
-    const std::string run = KAOnly ? "second run: " : "first run: ";
-    const auto add = [&](std::size_t line, const std::string& text) {
-        differences.push_back({line, run + text});
-    };
+    const auto add = [&](std::size_t line, const std::string& text) { differences.push_back({line, text}); };
     if (failure && failure->Number() != expected.Failure)
         add(expected.Line,
             "failed with " + std::to_string(failure->Number()) + ", " + failure->Description());
     if (!failure && expected.Failure)
         add(expected.Line, "did not fail with " + std::to_string(*expected.Failure));
     const auto row =
-        database->OpenRecordset("SELECT * FROM awaErgWRRL WHERE (ID=" + std::to_string(Subhabitat) +
-                                ") AND (KAOnly=" + Flag(KAOnly) + ");");
+        database.OpenRecordset("SELECT * FROM " + where.Table + " WHERE (ID=" + std::to_string(Subhabitat) +
+                               ") AND (" + where.Condition + ");");
     if (row->Eof()) {
-        if (!expected.NoRow) add(expected.Line, "left no row in awaErgWRRL");
+        if (!expected.NoRow) add(expected.Line, "left no row in " + where.Table);
         return differences;
     }
     if (expected.NoRow) {
-        add(expected.Line, "left a row in awaErgWRRL");
+        add(expected.Line, "left a row in " + where.Table);
         return differences;
     }
     for (const auto& value : expected.Values) {
@@ -223,7 +230,7 @@ std::vector<Difference> Differences(const store::DatabasePtr& database, const Ex
             return other.Name == value.Column;
         });
         if (field == fields.end()) {
-            add(value.Line, "awaErgWRRL has no column \"" + value.Column + "\"");
+            add(value.Line, where.Table + " has no column \"" + value.Column + "\"");
             continue;
         }
         const auto text = ValueDifference(value.Text, (*row)[value.Column]);

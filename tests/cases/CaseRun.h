@@ -36,6 +36,16 @@ Outcome Assess(const store::DatabasePtr& database, const Case& sample, std::vect
 std::vector<Difference> Differences(const store::DatabasePtr& database, const Expectation& expected,
                                     const std::optional<Error>& failure, bool KAOnly);
 
+/// The table of results, and a condition that tells the row of the sub-habitat from its others.
+struct ResultRow {
+    std::string Table;
+    std::string Condition;
+};
+
+/// Where a result row differs from what a case expects of it.
+std::vector<Difference> RowDifferences(store::Database& database, const ResultRow& where,
+                                       const Expectation& expected, const std::optional<Error>& failure);
+
 /// Where a value differs from the text that a case expects, in words; empty where it does not. Whole
 /// numbers, texts and booleans ("yes", "no") must be the same. Other numbers may differ by half a unit of the
 /// last digit given, but by no more than a hundred-thousandth of the value.

@@ -2,16 +2,13 @@
 // must come out. docs/cases.md tells how to read and write one.
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
-#include "FX_Algen/Create.h"
+#include "cases/CaseDatabase.h"
 #include "cases/CaseRun.h"
 
 namespace FX_Algen::cases {
@@ -20,11 +17,6 @@ namespace {
 namespace fs = std::filesystem;
 
 fs::path Folder() { return fs::path(FX_SOURCE_DIR) / "tests" / "cases"; }
-
-std::string ReadFile(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 std::optional<std::string> Shared(const std::string& name) {
     const auto path = Folder() / "reference" / fs::path(name + ".txt");
@@ -41,31 +33,6 @@ std::vector<std::string> CaseNames() {
     std::sort(names.begin(), names.end());
     return names;
 }
-
-/// A database in a folder of its own, removed with the object.
-class CaseDatabase {
-public:
-    explicit CaseDatabase(const std::string& name)
-        : folder_(fs::path(testing::TempDir()) / ("case_" + name + "_" + std::to_string(getpid()))) {
-        fs::remove_all(folder_);
-        fs::create_directories(folder_);
-        const auto path = (folder_ / "Fälle.db").string();
-        store::CreateDatabase(path, store::DatabaseKind::Project);
-        Handle = store::Workspace().OpenDatabase(path);
-    }
-    ~CaseDatabase() {
-        Handle.reset();
-        std::error_code ignored;
-        fs::remove_all(folder_, ignored);
-    }
-    CaseDatabase(const CaseDatabase&) = delete;
-    CaseDatabase& operator=(const CaseDatabase&) = delete;
-
-    store::DatabasePtr Handle;
-
-private:
-    fs::path folder_;
-};
 
 class AssessmentCase : public testing::TestWithParam<std::string> {};
 
