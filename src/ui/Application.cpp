@@ -43,10 +43,9 @@ void MakeApplication() {
 
     const KeptLocale locale;
     const auto handler = qInstallMessageHandler(FailuresOnly);
-    // Never destroyed: at the end of the process the toolkit's own global values may be gone already.
-    static std::unique_ptr<QGuiApplication>& application =
-        *new std::unique_ptr<QGuiApplication>(std::make_unique<QGuiApplication>(count, arguments.data()));
-    static_cast<void>(application);
+    // Known to the toolkit from now on, and never destroyed: at the end of the process the toolkit's own
+    // global values may be gone already.
+    static_cast<void>(std::make_unique<QGuiApplication>(count, arguments.data()).release());
     qInstallMessageHandler(handler);
 }
 
