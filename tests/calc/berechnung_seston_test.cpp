@@ -39,6 +39,8 @@ struct Fall {
     std::vector<double> Verteilung = {};
 };
 
+void PrintTo(const Fall& fall, std::ostream* out) { *out << fall.Beschreibung; }
+
 const Sestonwerte Oligosaprob{1, {10, 0, 0, 0}};
 const Sestonwerte Beta{2, {0, 10, 0, 0}};
 const Sestonwerte Unbewertet{};
@@ -242,6 +244,17 @@ TEST(BerechnungSestonKumuliert, AddsTheColumnsAsWritten) {
     Berechnung_ExecuteSeston(db.Datenbank(), TR, false, false);
     EXPECT_EQ(db.Sestonergebnis(TR, "KumAlpha").R8(), 13981014.0 / 4194304);
     EXPECT_EQ(db.Sestonergebnis(TR, "KumPoly").R8(), 10.0);
+}
+
+// The index (1*1 + 2*2) / 3 = 5/3 is rounded to 32 bits, 13981013 / 2^23, which lies d = 1 / (3 * 2^23)
+// below. The dispersion takes it so: Q = 2/3 + 3 * d^2 = 2/3 + 4.737e-15, A = 3, n = 2, and sqrt(Q / 3) is
+// 0.4714045207910317 * (1 + 3.553e-15) = 0.4714045207910334.
+TEST(BerechnungSestonStreuung, TakesTheIndexAsItStandsInTheRow) {
+    Sestondatenbank db;
+    Fuelle(db, {"", {{1, {1, {}}}, {2, {2, {}}}}, {{1, 1, 1}, {1, 2, 2}}, {}});
+    Berechnung_ExecuteSeston(db.Datenbank(), TR, false, false);
+    EXPECT_EQ(db.Sestonergebnis(TR, "SapIndex").R8(), 13981013.0 / 8388608);
+    EXPECT_NEAR(db.Sestonergebnis(TR, "SI_Streuung").R8(), 0.4714045207910334, 5e-16);
 }
 
 TEST(BerechnungSestonFunde, CountOnlyThoseOfTheSubHabitat) {
