@@ -173,10 +173,9 @@ void Writer::Findings() const {
         }
         table.AddRow({NameOf(term->Taxon, term->ID_ART, term->CF), PlaceOf(term->PSBez, term->ID_PS),
                       prose_.Exact(term->Abundanz),
-                      all > 0 ? prose_.Number(term->Abundanz / all * 100, 2) : prose_.Word(words::NotReached),
-                      prose_.Exact(term->W_SI), prose_.Number(term->ValueTerm, 2), valences,
-                      term->EntropyTerm ? prose_.Number(*term->EntropyTerm) : prose_.Word(words::NotReached),
-                      Remark(*term)});
+                      all > 0 ? prose_.Number(term->Abundanz / all * 100, 2) : "-", prose_.Exact(term->W_SI),
+                      prose_.Number(term->ValueTerm, 2), valences,
+                      term->EntropyTerm ? prose_.Number(*term->EntropyTerm) : "-", Remark(*term)});
     }
     table.Print(prose_.Out(), 4);
     prose_.Blank();
@@ -216,8 +215,9 @@ void Writer::Unrated() const {
 
 void Writer::Index() const {
     prose_.Title(prose_.Word(words::SapIndex));
-    prose_.Line(2, prose_.Word(words::SumAbundance, {Number(seston_.AbundanceSum)}));
-    prose_.Line(2, prose_.Word(words::SumValue, {Number(seston_.ValueSum)}));
+    if (seston_.AbundanceSum)
+        prose_.Line(2, prose_.Word(words::SumAbundance, {Number(seston_.AbundanceSum)}));
+    if (seston_.ValueSum) prose_.Line(2, prose_.Word(words::SumValue, {Number(seston_.ValueSum)}));
     if (seston_.AbundanceSum && !(*seston_.AbundanceSum > 0)) {
         Without("SapIndex", words::NoAbundanceNoIndex);
     } else if (IsZero("SapIndex")) {
@@ -233,12 +233,15 @@ void Writer::Dispersion() const {
     prose_.Title(prose_.Word(words::SestonStreuung));
     if (seston_.RatedRows && *seston_.RatedRows < 2) {
         Without("SI_Streuung", words::FewRated);
-    } else {
-        const std::string rated =
-            seston_.RatedRows ? std::to_string(*seston_.RatedRows) : prose_.Word(words::NotReached);
+    } else if (seston_.SquareSum && seston_.RatedRows && seston_.AbundanceSum) {
+        const std::string rated = std::to_string(*seston_.RatedRows);
         prose_.Line(2, prose_.Word(words::DispersionBasis, {Number(seston_.SquareSum), rated}));
         Formula("SI_Streuung", "√(" + Number(seston_.SquareSum) + " / ((" + rated + " - 1) × " +
                                    Number(seston_.AbundanceSum) + "))");
+    } else if (IsZero("SI_Streuung")) {
+        Without("SI_Streuung", words::NoDispersion);
+    } else {
+        Formula("SI_Streuung", {});
     }
     prose_.Blank();
 }
@@ -250,8 +253,10 @@ void Writer::Distribution() const {
         sum = one && sum ? std::optional(*sum + *one) : std::nullopt;
     }
     const auto& sums = seston_.ValenceSums;
-    prose_.Line(2, prose_.Word(words::SumValences, {Number(sums[0]), Number(sums[1]), Number(sums[2]),
-                                                    Number(sums[3]), Number(sum)}));
+    if (sum) {
+        prose_.Line(2, prose_.Word(words::SumValences, {Number(sums[0]), Number(sums[1]), Number(sums[2]),
+                                                        Number(sums[3]), Number(sum)}));
+    }
     if (sum && !(*sum > 0)) {
         prose_.Line(2, prose_.Word(words::NoDistribution));
         prose_.Blank();
@@ -271,7 +276,7 @@ void Writer::Distribution() const {
 void Writer::Diversity() const {
     prose_.Title(prose_.Word(words::SestonDiversitaet));
     Formula("Abundanzsumme", "N");
-    prose_.Line(2, prose_.Word(words::SumEntropy, {Number(seston_.EntropySum)}));
+    if (seston_.EntropySum) prose_.Line(2, prose_.Word(words::SumEntropy, {Number(seston_.EntropySum)}));
     Formula("ShannonundWeaver", "H");
     const store::Value taxa = Result("Taxa");
     const std::string S = Calculated("Taxa");

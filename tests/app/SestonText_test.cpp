@@ -132,7 +132,10 @@ TEST_F(ExplainedSeston, TellsWhyTheCalculationFails) {
     const Outcome outcome = Call({"explain", path_, "Teilraum:12"});
     EXPECT_EQ(outcome.Code, 0) << outcome.Err;
     EXPECT_THAT(outcome.Out, HasSubstr("hier abgebrochen: ein Wert fehlt (Null)"));
-    EXPECT_THAT(outcome.Out, HasSubstr("  SapIndex: nicht berechnet; nicht gespeichert\n"));
+    // Sums that were not completed are not shown.
+    EXPECT_THAT(outcome.Out,
+                HasSubstr("Saprobienindex\n\n  SapIndex: nicht berechnet; nicht gespeichert\n\n"));
+    EXPECT_THAT(outcome.Out, HasSubstr("  KumPoly: nicht berechnet; nicht gespeichert\n\n"));
     EXPECT_THAT(outcome.Out, testing::ContainsRegex("Die Berechnung schlägt fehl: .* \\(94\\)\n"));
 }
 
@@ -161,6 +164,16 @@ TEST(PrintedSeston, SaysWhereNoTaxonHasAValue) {
     EXPECT_THAT(out,
                 HasSubstr("  SapIndex = 0 (kein Taxon mit Saprobiewert: kein Index); nicht gespeichert\n"));
     EXPECT_THAT(out, Not(HasSubstr("Ohne Saprobiewert: ")));
+}
+
+TEST(PrintedSeston, SaysThatTheDispersionIsZeroBecauseItFailed) {
+    SestonExplanation seston;
+    seston.AbundanceSum = 3;
+    seston.ValueSum = 6;
+    seston.Columns = {Column("SapIndex", 2.0F), Column("SI_Streuung", 0.0)};
+    EXPECT_THAT(
+        Printed(seston),
+        HasSubstr("  SI_Streuung = 0 (war nicht zu berechnen und gilt dann als 0); nicht gespeichert\n"));
 }
 
 TEST(PrintedSeston, RemarksValencesThatAreMissingOrDoNotAddUpToTen) {
