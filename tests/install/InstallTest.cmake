@@ -23,7 +23,7 @@ set(prefix ${WORK_DIR}/prefix)
 file(REMOVE_RECURSE ${WORK_DIR})
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
 must_exist(bin/fxalgen include/FX_Algen/AL_PS.h include/FX_Algen/Store.h FX_AlgenConfig.cmake
-    FX_AlgenConfigVersion.cmake FX_AlgenTargets.cmake README.md LICENSE)
+    FX_AlgenConfigVersion.cmake FX_AlgenTargets.cmake README.md LICENSE charts.md pictures/dominance.png)
 file(GLOB_RECURSE foreign ${prefix}/include/*)
 list(FILTER foreign EXCLUDE REGEX "/include/FX_Algen/(ui/)?[A-Za-z_]+\\.h$")
 if(foreign)
