@@ -46,6 +46,8 @@ QByteArray SvgOf(const TitledPage& titled) {
     generator.setTitle(ToText(titled.Title).toHtmlEscaped());
     generator.setDescription(QStringLiteral("FX_Algen " FX_ALGEN_VERSION));
     QPainter painter(&generator);
+    // As of paper: viewers may show it on a dark ground, on which dark letters cannot be read.
+    painter.fillRect(QRect(QPoint(0, 0), size), Qt::white);
     PaintPage(painter, titled.Page);
     painter.end();
     // Where the font is missing, one as wide takes its place; quotes within texts are escaped, so that no

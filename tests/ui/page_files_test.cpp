@@ -98,9 +98,24 @@ TEST(SvgFile, has_areas_in_points_within_its_view) {
     const auto path = folder / "a.svg";
     WritePages({Titled("a")}, PictureFormat::Svg, path);
     const auto svg = ReadSvg(path);
-    ASSERT_FALSE(svg.Rects.empty());
-    EXPECT_EQ(svg.Rects.front(), QRectF(20, 10, 30, 40));
+    ASSERT_GE(svg.Rects.size(), 2U);
+    EXPECT_EQ(svg.Rects[0], svg.ViewBox) << "the paper";
+    EXPECT_EQ(svg.Rects[1], QRectF(20, 10, 30, 40));
     for (const auto& rect : svg.Rects) EXPECT_TRUE(svg.ViewBox.contains(rect));
+}
+
+TEST(SvgFile, has_white_ground_on_whatever_it_is_shown) {
+    const Folder folder;
+    const auto path = folder / "a.svg";
+    WritePages({Titled("a")}, PictureFormat::Svg, path);
+    QSvgRenderer renderer(QString::fromStdString(path));
+    QImage dark(300, 100, QImage::Format_RGB32);
+    dark.fill(Qt::black);
+    QPainter painter(&dark);
+    renderer.render(&painter);
+    painter.end();
+    for (const auto& [x, y] : {std::pair{0, 0}, {299, 0}, {0, 99}, {299, 99}, {250, 60}})
+        EXPECT_EQ(dark.pixelColor(x, y), QColor(Qt::white)) << x << ' ' << y;
 }
 
 TEST(SvgFile, keeps_signs_that_mean_something_in_markup) {
