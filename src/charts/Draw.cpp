@@ -1,5 +1,6 @@
 #include "charts/Draw.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "charts/Hatch.h"
@@ -77,7 +78,7 @@ void AddNumberOnGrid(std::vector<Element>& elements, const std::string& text, do
 }
 
 void AddSegment(std::vector<Element>& elements, const Rect& place, const std::vector<Series>& allSeries,
-                std::size_t series) {
+                std::size_t series, Standing standing) {
     const Series& drawn = allSeries[series];
     elements.emplace_back(FilledArea{place, PaletteColour(drawn.ColourNumber)});
     if (drawn.Hatched) {
@@ -85,7 +86,8 @@ void AddSegment(std::vector<Element>& elements, const Rect& place, const std::ve
         for (const Stroke& line : HatchLines(place, HatchOf(allSeries, series), pen))
             elements.emplace_back(line);
     }
-    elements.emplace_back(Outline{place, kOutlineColour, kOutlineWidth});
+    if (standing == Standing::Alone || std::min(place.Width, place.Height) >= kLeastOutlined)
+        elements.emplace_back(Outline{place, kOutlineColour, kOutlineWidth});
 }
 
 double WidthForValue(const std::string& text, const FontMetrics& metrics) {

@@ -31,9 +31,16 @@ void AddNumber(std::vector<Element>& elements, const std::string& text, double x
 void AddNumberOnGrid(std::vector<Element>& elements, const std::string& text, double x, double y, Align side,
                      const Font& font, const FontMetrics& metrics);
 
-/// An area in the colour of a series, with its hatch and a thin dark outline.
+/// How a segment stands beside others.
+enum class Standing : std::uint8_t {
+    Alone,    ///< a bar
+    InStack,  ///< a part of a bar
+};
+
+/// An area in the colour of a series, with its hatch and a thin dark outline, which a very thin part of a bar
+/// lacks.
 void AddSegment(std::vector<Element>& elements, const Rect& place, const std::vector<Series>& allSeries,
-                std::size_t series);
+                std::size_t series, Standing standing);
 
 /// Width of a segment that has room for a value inside.
 double WidthForValue(const std::string& text, const FontMetrics& metrics);

@@ -29,6 +29,11 @@ constexpr double kLabelGap = 6;
 /// Values stand above the bars of groups, also above one that reaches the end of the axis.
 constexpr double kRoomAboveGroups = 8;
 constexpr double kTickDistance = 28;
+/// The least that ticks can stand apart, for an axis that would otherwise leave much of its height empty.
+constexpr double kLeastTickDistance = 14;
+/// The end of such an axis as a multiple of the largest value: a quarter stays empty.
+constexpr double kWastefulAxis = 4.0 / 3;
+constexpr int kFewestSteps = 2;
 constexpr int kMostSteps = 10;
 /// What is left of the height for the bars, however long the labels are.
 constexpr double kLabelShareOfArea = 0.6;
@@ -56,7 +61,7 @@ public:
                 AddGroup(page, site, left);
             else
                 AddStack(page, site, left);
-            if (SumOf(chart_, chart_.Sites[site]).value_or(0) == 0) AddNoBars(page, site, left);
+            if (TooLowToSee(site)) AddSum(page, site, left);
             AddLabel(page, site, left);
         }
         AddBaseLine(page);
@@ -101,8 +106,18 @@ private:
         labels_ = PlanLabelsBelow(chart_.Sites, room, metrics_);
         const double height = plot_.Height;
         plot_.Height = std::max(1.0, height - labels_.Extent - (labels_.Extent > 0 ? kLabelGap : 0));
-        axis_ = MakeAxis(RangeOf(chart_),
-                         std::clamp(static_cast<int>(plot_.Height / kTickDistance), 2, kMostSteps));
+        axis_ = AxisForHeight();
+    }
+
+    /// Ticks stand comfortably apart, unless closer ones save the bars of a low chart much height.
+    Axis AxisForHeight() const {
+        const AxisRange range = RangeOf(chart_);
+        const auto axisWith = [&](double distance) {
+            return MakeAxis(range,
+                            std::clamp(static_cast<int>(plot_.Height / distance), kFewestSteps, kMostSteps));
+        };
+        const Axis axis = axisWith(kTickDistance);
+        return axis.End > kWastefulAxis * range.Largest ? axisWith(kLeastTickDistance) : axis;
     }
 
     void PlanBars() {
@@ -165,7 +180,8 @@ private:
     }
 
     void AddBar(Page& page, const Rect& place, std::size_t site, std::size_t series, double value) const {
-        AddSegment(page.Elements, place, chart_.AllSeries, series);
+        AddSegment(page.Elements, place, chart_.AllSeries, series,
+                   Grouped() ? Standing::Alone : Standing::InStack);
         page.Bars.push_back({place, site, series, value});
     }
 
@@ -200,8 +216,13 @@ private:
         }
     }
 
-    /// Tells a site without values from one whose values are 0.
-    void AddNoBars(Page& page, std::size_t site, double left) const {
+    bool TooLowToSee(std::size_t site) const {
+        const double sum = SumOf(chart_, chart_.Sites[site]).value_or(0);
+        return sum == 0 || (!Grouped() && HeightOf(sum) < kLeastOutlined);
+    }
+
+    /// Tells apart a site without values, one whose values are 0 and one whose bar cannot be seen.
+    void AddSum(Page& page, std::size_t site, double left) const {
         AddNumberOnGrid(page.Elements, SumText(chart_, chart_.Sites[site]), left + slot_ / 2,
                         Bottom(plot_) - kTickGap - 2, Align::Centre, kValueFont, metrics_);
     }

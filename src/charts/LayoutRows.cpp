@@ -135,7 +135,8 @@ private:
             const double left = WidthOf(before);
             before += *value;
             const Rect place{plot_.X + left, top + (row_ - bar_) / 2, WidthOf(before) - left, bar_};
-            AddSegment(page.Elements, place, chart_.AllSeries, i);
+            AddSegment(page.Elements, place, chart_.AllSeries, i,
+                       chart_.AllSeries.size() > 1 ? Standing::InStack : Standing::Alone);
             page.Bars.push_back({place, site, i, *value});
         }
         AddNumberOnGrid(page.Elements, SumText(chart_, chart_.Sites[site]),

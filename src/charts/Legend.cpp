@@ -73,7 +73,7 @@ Legend MakeLegend(const Chart& chart, double x, double y, double width, const Fo
             AddSegment(legend.Elements,
                        {left, top + (std::max(oneLine, kSwatchHeight) - kSwatchHeight) / 2, kSwatchWidth,
                         kSwatchHeight},
-                       chart.AllSeries, i);
+                       chart.AllSeries, i, Standing::Alone);
             AddLines(legend.Elements, lines, left + kSwatchWidth + kTextGap, top, Align::Left, kLegendFont,
                      kTextColour, metrics);
             height =

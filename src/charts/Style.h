@@ -18,6 +18,8 @@ inline constexpr Colour kOutlineColour{40, 40, 40};
 inline constexpr Colour kGridColour{218, 218, 218};
 
 inline constexpr double kOutlineWidth = 0.5;
+/// A lower part of a stack would be nothing but its outline.
+inline constexpr double kLeastOutlined = 2;
 inline constexpr double kAxisWidth = 0.8;
 inline constexpr double kGridWidth = 0.5;
 inline constexpr double kTickLength = 3;

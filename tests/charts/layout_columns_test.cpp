@@ -313,6 +313,65 @@ TEST(ChartColumns, ASiteWithoutBarsTellsWhetherItHasNoValuesOrNone) {
     }
 }
 
+TEST(ChartColumns, AThinPartOfAStackShowsItsColourAndNoOutline) {
+    // The bars of a page across are some 450 points high: 0.02 of 10 are 0.9 of them, 5 are half.
+    Chart chart = test::NewChart(ChartKind::Stacked, "", "", test::Valences());
+    chart.AxisEnd = 10;
+    chart.Sites = {{"a", {5.0, 0.02, 0.02}}};
+    const auto outlined = [](const Page& page, std::size_t bar) {
+        std::size_t count = 0;
+        for (const Outline& outline : test::All<Outline>(page))
+            count += outline.Place == page.Bars[bar].Place;
+        return count;
+    };
+    const auto coloured = [](const Page& page, std::size_t bar) {
+        std::size_t count = 0;
+        for (const FilledArea& area : test::All<FilledArea>(page))
+            count += area.Place == page.Bars[bar].Place;
+        return count;
+    };
+    Page page = test::LayOut(chart)[0];
+    ASSERT_EQ(page.Bars.size(), 3U);
+    EXPECT_EQ(outlined(page, 0), 1U);
+    for (const std::size_t thin : {1U, 2U}) {
+        EXPECT_EQ(outlined(page, thin), 0U);
+        EXPECT_EQ(coloured(page, thin), 1U);
+    }
+    // A bar of a group stands alone, and a white one would not be seen without its outline.
+    chart.Kind = ChartKind::Grouped;
+    page = test::LayOut(chart)[0];
+    for (const std::size_t bar : {0U, 1U, 2U}) EXPECT_EQ(outlined(page, bar), 1U);
+}
+
+TEST(ChartColumns, ABarTooLowToSeeTellsItsSum) {
+    Chart chart = test::NewChart(ChartKind::Stacked, "", "", test::Valences());
+    chart.AxisEnd = 10;
+    // 0.01 and 0.02 of some 450 points for 10 are 0.45 and 0.9, the sum 1.35 points; 1 is 45.
+    chart.Sites = {{"a", {0.01, 0.02}}, {"b", {0.5, 0.5}}};
+    const Page page = test::LayOut(chart)[0];
+    const std::set<std::string> texts = TextsOf(page);
+    EXPECT_TRUE(texts.contains("0,03"));
+    EXPECT_FALSE(texts.contains("1,0"));
+    test::ExpectPagesAreClean({page}, kAcross, "a low bar");
+}
+
+TEST(ChartColumns, ALowChartHasCloserTicksRatherThanHalfAnEmptyAxis) {
+    // Two steps would be 50 and the axis would go to 100, with four it goes to 80.
+    Chart chart = test::NewChart(ChartKind::Stacked, "", "", {{9, false, 0, ""}});
+    chart.WholeNumbers = true;
+    chart.Sites = {{"a", {64.0}}};
+    const PageSize low{400, 110, 12};
+    const std::vector<Page> pages = test::LayOut(chart, low);
+    EXPECT_TRUE(TextsOf(pages[0]).contains("80"));
+    EXPECT_FALSE(TextsOf(pages[0]).contains("100"));
+    test::ExpectPagesAreClean(pages, low, "low");
+    // 97 fills an axis of two steps to 100.
+    chart.Sites[0].Values[0] = 97;
+    const std::set<std::string> texts = TextsOf(test::LayOut(chart, low)[0]);
+    EXPECT_TRUE(texts.contains("50"));
+    EXPECT_FALSE(texts.contains("80"));
+}
+
 TEST(ChartColumns, ValuesBeyondTheEndMakeTheAxisLonger) {
     Chart chart = test::ValenceChart(2);
     chart.Sites[1].Values[3] = 9;
