@@ -134,8 +134,11 @@ void ChartWidget::LayOut() {
     std::optional<std::size_t> site;
     if (page_ < PageCount()) site = FirstSite(pages_[static_cast<std::size_t>(page_)]);
     charts::PageSize size;
-    size.Width = std::max(LeastWidth, width() * PointsAnInch / logicalDpiX());
-    size.Height = std::max(LeastHeight, height() * PointsAnInch / logicalDpiY());
+    // Where the page is scaled down for one side, it has more points along the other.
+    if (const double scale = UnitsAPoint(); scale > 0) {
+        size.Width = width() / scale;
+        size.Height = height() / scale;
+    }
     size.Margin = Margin;
     const int pages = PageCount();
     pages_ = charts::Layout(chart_, PageFontMetrics(), size);

@@ -205,6 +205,21 @@ TEST_F(ShownChart, smaller_than_the_smallest_page_shows_that_page_smaller) {
     EXPECT_EQ(BarTexts(widget).size(), 4);
 }
 
+TEST_F(ShownChart, fills_a_window_that_is_too_low_or_too_narrow) {
+    widget.setMinimumSize(1, 1);
+    for (const QSize& size : {QSize(720, 180), QSize(240, 600), QSize(320, 200)}) {
+        Show(ClassChart(2), size);
+        widget.clearFocus();
+        // The base line ends at the right margin, labels stand at the foot: 12 of at least 270 points stay
+        // free.
+        const QRect ink = InkedRect(widget.grab().toImage());
+        EXPECT_GT(ink.right(), size.width() * 0.93) << size.width();
+        EXPECT_LT(ink.right(), size.width() - 2) << size.width();
+        EXPECT_GT(ink.bottom(), size.height() * 0.9) << size.width();
+        EXPECT_LT(ink.bottom(), size.height() - 2) << size.width();
+    }
+}
+
 TEST_F(ShownChart, draws_a_frame_while_it_has_the_focus) {
     Show(ClassChart(2), {700, 500});
     widget.clearFocus();
