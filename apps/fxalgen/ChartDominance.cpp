@@ -7,6 +7,7 @@
 #include "FX_Algen/Error.h"
 #include "FX_Algen/Texts.h"
 #include "fxalgen/AssessmentRun.h"
+#include "fxalgen/ChartList.h"
 #include "fxalgen/Charts.h"
 #include "fxalgen/Progress.h"
 #include "fxalgen/Words.h"
@@ -50,33 +51,33 @@ std::vector<std::string> StandTaxaWithoutFinding(store::Database& database, std:
     return names;
 }
 
-/// The charts of one call, project by project.
+/// The charts of one call, list by list.
 class DominanceRun {
 public:
     DominanceRun(const ChartSource& source, const DominanceOptions& options)
-        : source_(source), options_(options) {}
+        : source_(source), options_(options), scopes_(source.Database) {}
 
     void Draw(const Teilraum& teilraum) {
         if (!teilraum.HatAlgen) {
             ++withoutSample_;
             return;
         }
-        if (teilraum.ID_PRJ.IsNull()) {
+        const auto scope = scopes_.Of(teilraum);
+        if (!scope) {
             Fail(teilraum, "the project tree above it is broken, so that it is in no frequency list");
             return;
         }
-        const std::int32_t project = teilraum.ID_PRJ.I4();
-        if (const auto known = withoutList_.find(project); known != withoutList_.end()) {
+        if (const auto known = withoutList_.find(*scope); known != withoutList_.end()) {
             Fail(teilraum, known->second);
             return;
         }
         try {
-            charts::Chart chart = ReadDominanceChart(Request(teilraum, project));
-            listed_ = project;
+            charts::Chart chart = ReadDominanceChart(Request(teilraum, *scope));
+            listed_ = scope;
             WarnOfFindings(teilraum);
             Keep(teilraum, std::move(chart));
         } catch (const Error& error) {
-            Note(teilraum, project, error);
+            Note(teilraum, *scope, error);
         }
     }
 
@@ -93,59 +94,46 @@ public:
     }
 
 private:
-    DominanceRequest Request(const Teilraum& teilraum, std::int32_t project) const {
+    DominanceRequest Request(const Teilraum& teilraum, const ListScope& scope) const {
         DominanceRequest request;
         request.Database = source_.Database;
         request.DBName = source_.DBName;
         request.SprachID = source_.SprachID;
-        request.ProjektID = project;
+        request.AktUebersicht = scope.Word();
+        request.ProjektID = scope.ID;
         request.TeilraumID = teilraum.ID_TR;
         request.Algenart = options_.Diatoms ? 2 : 1;
         request.MaxDomWert = options_.MaxDomWert;
-        request.Rebuild = listed_ != project;
+        request.Rebuild = listed_ != scope;
         request.Stelle = teilraum.Label(source_.SprachID);
         return request;
     }
 
     void Keep(const Teilraum& teilraum, charts::Chart chart) {
         if (chart.Sites.empty()) {
+            const auto why = WhyNoAbundance(*source_.Database, teilraum.ID_TR, options_.Diatoms);
             Warn(teilraum, "no " + std::string(options_.Diatoms ? "diatom" : "alga other than diatoms") +
-                               " above " + store::NumberText(options_.MaxDomWert) + " %, and so no chart");
+                               " above " + store::NumberText(options_.MaxDomWert) + " %, and so no chart" +
+                               (why ? ": " + *why : ""));
             return;
         }
         set_.Charts.push_back(std::move(chart));
     }
 
-    /// A list that could not be made fails for each sub-habitat of the project, and is not tried again. Any
+    /// A list that could not be made fails for each sub-habitat of its scope, and is not tried again. Any
     /// other failure concerns the sub-habitat alone.
-    void Note(const Teilraum& teilraum, std::int32_t project, const Error& error) {
+    void Note(const Teilraum& teilraum, const ListScope& scope, const Error& error) {
         if (error.Number() == ListNotBuilt) {
             listed_.reset();
-            withoutList_[project] = WhyNoList(project, error);
-            Fail(teilraum, withoutList_[project]);
+            withoutList_[scope] = WhyNoList(*source_.Database, scope, error);
+            Fail(teilraum, withoutList_[scope]);
             return;
         }
-        listed_ = project;
+        listed_ = scope;
         AssessmentSite site;
         site.ID_TR = teilraum.ID_TR;
         const auto why = WhyNotListed(source_.Database, site);
         Fail(teilraum, why ? *why : error.Description() + " (" + store::NumberText(error.Number()) + ")");
-    }
-
-    /// One sub-habitat with a gap ends the list of its whole project.
-    std::string WhyNoList(std::int32_t project, const Error& error) const {
-        const std::string list = "the frequency list of Projekt:" + store::NumberText(project) + " ";
-        for (const Teilraum& other : ReadTeilraeume(*source_.Database, {Scope::Kind::Projekt, project})) {
-            if (const auto taxon = UncountedDiatom(source_.Database, other.ID_TR)) {
-                return list + "ends at " + other.Label() + ": the valves of " + *taxon +
-                       " were not entered (awaArtPrStelle.Schalen_KA is Null) while other diatoms were "
-                       "counted";
-            }
-        }
-        return list +
-               "could not be made; a cover or a number of valves may be missing (Null), or no sub-habitat of "
-               "it has a sampling site: " +
-               error.Description() + " (" + store::NumberText(error.Number()) + ")";
     }
 
     void WarnOfFindings(const Teilraum& teilraum) {
@@ -158,6 +146,9 @@ private:
             teilraum, StandTaxaWithoutFinding(*source_.Database, teilraum.ID_TR),
             "the mixed stands hold taxa that are no findings of the sampling site (awaArtPrStelle), and "
             "so they are not shown:");
+        WarnOfNames(teilraum, CoveringTaxaTakenForDiatoms(*source_.Database, teilraum.ID_TR),
+                    "the frequency list counts the valves of these taxa and not their cover, by their major "
+                    "group (awaGrossGr.RF_Kieselalge is not 0), and so they are not shown:");
     }
 
     void WarnOfNames(const Teilraum& teilraum, const std::vector<std::string>& names, std::string text) {
@@ -178,8 +169,9 @@ private:
     const DominanceOptions& options_;
     ChartSet set_;
     std::int32_t withoutSample_ = 0;
-    std::optional<std::int32_t> listed_;  ///< the project whose list is in the database
-    std::map<std::int32_t, std::string> withoutList_;
+    ListScopes scopes_;
+    std::optional<ListScope> listed_;  ///< the scope whose list is in the database
+    std::map<ListScope, std::string> withoutList_;
 };
 
 }  // namespace
