@@ -19,6 +19,7 @@ const std::vector<std::string> Spalten{
 
 struct Rerun {
     calc::SestonSpur Spur;
+    std::vector<calc::Sestonzeile> Probe;
     calc::Ergebnis Neu;
     calc::Ausgang Ausgang;
 };
@@ -30,6 +31,9 @@ Rerun Nachrechnen(const store::DatabasePtr& database, std::int32_t ID_TR) {
     rerun.Ausgang =
         calc::Versuche([&] { Berechnung_ExecuteSeston(database, ID_TR, false, false, &rerun.Spur); });
     rerun.Neu = calc::LiesErgebnis(*database, calc::abfragen::Sestonergebnis(ID_TR), Spalten);
+    // Inside the savepoint, so that what another program enters meanwhile does not shift the findings against
+    // the terms.
+    rerun.Probe = calc::LiesSestonprobe(*database, ID_TR);
     return rerun;
 }
 
@@ -45,8 +49,8 @@ SestonExplanation ExplainSeston(const store::DatabasePtr& database, std::int32_t
     auto vergleich = calc::Vergleiche(Spalten, rerun.Neu, alt);
     explanation.Stored = vergleich.State;
     explanation.Columns = std::move(vergleich.Columns);
-    calc::ErklaereSeston(rerun.Spur, calc::LiesSestonprobe(db, ID_TR),
-                         rerun.Ausgang.Abbruch ? &*rerun.Ausgang.Abbruch : nullptr, explanation);
+    calc::ErklaereSeston(rerun.Spur, rerun.Probe, rerun.Ausgang.Abbruch ? &*rerun.Ausgang.Abbruch : nullptr,
+                         explanation);
     calc::TrageEin(explanation.Counts, rerun.Neu, alt);
     return explanation;
 }

@@ -6,6 +6,7 @@
 #include "FX_Algen/ExplainSeston.h"
 #include "calc/BerechnungSeston.h"
 #include "calc/Sestondatenbank.h"
+#include "store/OpenConnection.h"
 
 namespace FX_Algen {
 namespace {
@@ -161,6 +162,22 @@ TEST(ExplainSeston, ChangesNothing) {
     ExplainSeston(db.Datenbank(), TR);
     EXPECT_EQ(db.Abzug("sesErgProjekt"), ergebnis);
     EXPECT_EQ(db.Abzug("sesErgProjektTmp"), arbeit);
+}
+
+// A finding that is there during the rerun alone, as one of another program may be: site 1 gets taxon 3 with
+// the abundance 7, in front of the findings of site 2.
+TEST(ExplainSeston, TellsTheFindingsThatTheRerunSaw) {
+    Sestondatenbank db;
+    Fuelle(db);
+    db.Datenbank()->SharedConnection()->TheEngine().Run(
+        "CREATE TRIGGER Zwischenfund AFTER INSERT ON sesErgProjekt BEGIN INSERT INTO sesArtPrStelle (ID_PS, "
+        "ID_ART, Abundanz) VALUES (1, 3, 7); END;");
+    const auto erklaerung = ExplainSeston(db.Datenbank(), TR);
+    EXPECT_THAT(Kurz(erklaerung.Terms),
+                ElementsAre("1 Brücke 1 Gattung1 grün1 cf 1*2=2", "1 Brücke 1 Gattung1 grün1 2*2=4",
+                            "1 Brücke 1 Gattung3 grün3 7*0=0", "2 Brücke 2 Gattung1 grün1 4*2=8",
+                            "2 Brücke 2 Gattung3 grün3 1*0=0"));
+    EXPECT_THAT(Kurz(erklaerung.LeftOut), ElementsAre("1 2 0 no abundance", "2 99 5 not in catalogue"));
 }
 
 TEST(ExplainSeston, ShowsNoBoxes) {
