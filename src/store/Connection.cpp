@@ -52,9 +52,9 @@ Error FailureIn(std::string_view operation, const Error& cause, std::string_view
 }
 
 bool IsScratchTable(std::string_view table) {
-    static constexpr std::array<std::string_view, 6> names{
-        "awaergprojekt", "awaergwrrl", "sesergprojekt", "sesergprojekttmp", "awaartenlistehaeufigkeit",
-        "fx_lauf"};
+    static constexpr std::array<std::string_view, 7> names{
+        "awaergprojekt", "awaergwrrl",   "sesergprojekt", "sesergprojekttmp", "awaartenlistehaeufigkeit",
+        "fx_lauf",       "fx_laufseston"};
     const auto name = dialect::Fold(table);
     return name.starts_with("rpt_") || std::find(names.begin(), names.end(), name) != names.end();
 }

@@ -271,8 +271,9 @@ TEST_F(ConnectionTest, EnteredRowsAreSafeFromPowerFailureAndScratchRowsFromACras
 }
 
 TEST(ScratchTables, AreResultsFrequencyListAndReports) {
-    for (const char* name : {"awaErgProjekt", "AWAERGWRRL", "sesErgProjekt", "sesErgProjektTmp",
-                             "awaArtenlisteHaeufigkeit", "fx_Lauf", "rpt_awaAuswertung", "RPT_lbl_x"})
+    for (const char* name :
+         {"awaErgProjekt", "AWAERGWRRL", "sesErgProjekt", "sesErgProjektTmp", "awaArtenlisteHaeufigkeit",
+          "fx_Lauf", "fx_LaufSeston", "rpt_awaAuswertung", "RPT_lbl_x"})
         EXPECT_TRUE(IsScratchTable(name)) << name;
     for (const char* name : {"awaArt", "awaTeilraum", "sesArtPrStelle", "awaErgProjektAlt", "report"})
         EXPECT_FALSE(IsScratchTable(name)) << name;
