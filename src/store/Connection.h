@@ -27,7 +27,8 @@ std::size_t MostColumns(Connection& connection);
 void SchemaChanged(Connection& connection);
 
 /// A nested unit of changes that is undone when it goes out of scope, unless `Keep` was called. The module's
-/// own routines show none to the outside; explanations and loading do.
+/// own routines show none to the outside; explanations and loading do. One that stands in no other leaves the
+/// file as it was when it is undone: other connections see no change at all.
 class Savepoint {
 public:
     /// `durable`: whether the changes must survive a power failure, as what a person entered must.
@@ -40,6 +41,7 @@ public:
 private:
     std::shared_ptr<Connection> connection_;
     std::string name_;
+    bool outermost_;
     bool open_ = true;
 };
 

@@ -1,5 +1,7 @@
 #include "fxalgen/SestonText.h"
 
+#include <fstream>
+#include <iterator>
 #include <sstream>
 
 #include "app/SestonFixture.h"
@@ -116,6 +118,27 @@ TEST_F(ExplainedSeston, ComparesWithTheStoredRowAndChangesNothing) {
     EXPECT_THAT(out, HasSubstr("Gespeichertes Ergebnis: veraltet\n"));
     EXPECT_THAT(out, testing::ContainsRegex("\n  Abundanzsumme +14 +10\n"));
     EXPECT_EQ(One("SELECT Abundanzsumme FROM sesErgProjekt WHERE ID=12;").I4(), 10);
+}
+
+/// Database file and log, byte for byte.
+std::string Bytes(const std::string& path) {
+    std::string all;
+    for (const char* suffix : {"", "-wal"}) {
+        std::ifstream file(path + suffix, std::ios::binary);
+        all += std::string(std::istreambuf_iterator<char>(file), {}) + "|";
+    }
+    return all;
+}
+
+// Not only the rows: a file that changes looks like news to other programs and to backups.
+TEST_F(ExplainedSeston, LeavesTheFileAsItWas) {
+    ASSERT_EQ(Call({"calculate", path_}).Code, 0);
+    CalculateSeston();
+    for (const char* teilraum : {"Teilraum:12", "Teilraum:13"}) {
+        const std::string before = Bytes(path_);
+        ASSERT_EQ(Call({"explain", path_, teilraum}).Code, 0);
+        EXPECT_TRUE(Bytes(path_) == before) << teilraum;
+    }
 }
 
 TEST_F(ExplainedSeston, TellsOfStoredNumbersWhoseSampleIsGone) {

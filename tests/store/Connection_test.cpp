@@ -235,6 +235,38 @@ TEST_F(ConnectionTest, SavepointUndoesUnlessItIsKept) {
     EXPECT_EQ(OtherProgram(path_).One("SELECT n FROM awaErgProjekt"), "7");
 }
 
+// Whoever reads or copies the file meanwhile must find it as it was, counters of its changes included.
+TEST_F(ConnectionTest, UndoneSavepointsChangeNothingForOthers) {
+    OtherProgram other(path_);
+    const auto version = other.One("PRAGMA data_version");
+    {
+        const Savepoint undone(db_->SharedConnection());
+        db_->Execute("DELETE * FROM awaArtPrStelle");
+        const Savepoint inner(db_->SharedConnection());
+        db_->Execute("UPDATE awaErgProjekt SET n=5");
+    }
+    EXPECT_EQ(other.One("SELECT Count(*) FROM awaArtPrStelle"), "4");
+    EXPECT_EQ(other.One("PRAGMA data_version"), version);
+    // Nothing is left open either: the next change is seen at once.
+    db_->Execute("UPDATE awaErgProjekt SET n=6");
+    EXPECT_EQ(other.One("SELECT n FROM awaErgProjekt"), "6");
+    EXPECT_NE(other.One("PRAGMA data_version"), version);
+}
+
+TEST_F(ConnectionTest, AnInnerSavepointUndoesItsOwnChangesAlone) {
+    {
+        Savepoint outer(db_->SharedConnection());
+        db_->Execute("UPDATE awaErgProjekt SET n=5");
+        {
+            const Savepoint inner(db_->SharedConnection());
+            db_->Execute("UPDATE awaErgProjekt SET n=9");
+        }
+        EXPECT_EQ(One("SELECT n FROM awaErgProjekt"), Value(std::int16_t{5}));
+        outer.Keep();
+    }
+    EXPECT_EQ(OtherProgram(path_).One("SELECT n FROM awaErgProjekt"), "5");
+}
+
 TEST_F(ConnectionTest, TablesMadeInsideAnUndoneSavepointAreForgotten) {
     {
         const Savepoint undone(db_->SharedConnection());
