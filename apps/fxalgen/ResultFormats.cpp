@@ -178,11 +178,11 @@ void PrintLegend(std::ostream& out, const ResultKind& kind, const ResultSet& res
     if (results.WithoutResult > 0) {
         out << WithNumber(words::WithoutResult, SprachID, results.WithoutResult) << '\n';
     }
-    if (results.WithoutSeston > 0) {
-        out << WithNumber(words::WithoutSestonHidden, SprachID, results.WithoutSeston) << '\n';
-    }
     for (const FailedTeilraum& failed : results.WithoutRow) {
         out << "   " << failed.ID_TR << ": " << failed.Fehlertext << " (" << failed.Fehlernummer << ")\n";
+    }
+    if (results.WithoutSeston > 0) {
+        out << WithNumber(words::WithoutSestonHidden, SprachID, results.WithoutSeston) << '\n';
     }
 }
 

@@ -90,6 +90,19 @@ TEST_F(SestonResults, HaveFullValuesUnderTheirFieldNamesForPrograms) {
     EXPECT_THAT(csv, HasSubstr(",80,current,,\n"));
 }
 
+// The failure belongs to the line of those without a result, not to that of those without seston.
+TEST_F(SestonResults, TellWhyASubHabitatHasNoRow) {
+    CalculateSeston();
+    Execute(
+        {"DELETE * FROM sesErgProjekt WHERE ID=12;", "DELETE * FROM fx_LaufSeston WHERE ID=12;",
+         "DELETE * FROM sesErgProjekt WHERE ID=13;",
+         "INSERT INTO fx_LaufSeston (ID, Fehlernummer, Fehlertext) VALUES (12, 3078, 'Tabelle gelöscht');"});
+    EXPECT_THAT(Call({"results", path_, "--seston"}).Out,
+                testing::EndsWith("Teilräume ohne Ergebnis: 2\n   12: Tabelle gelöscht (3078)\n"
+                                  "Ohne Seston, nicht gezeigt: 2\n"));
+    EXPECT_EQ(Json({"results", "--seston"}).size(), 2U);
+}
+
 TEST_F(SestonResults, AreEmptyBeforeTheFirstRun) {
     EXPECT_EQ(Call({"results", path_, "--seston"}).Out,
               "Keine Ergebnisse vorhanden.\nTeilräume ohne Ergebnis: 4\n");
