@@ -157,7 +157,7 @@ void Writer::Findings() const {
     Table table;
     table.AddColumn(prose_.Word(words::Taxon), Table::Align::Left);
     table.AddColumn(prose_.Word(words::Fundort), Table::Align::Left);
-    for (const std::int16_t word : {words::Abundanz, words::Anteil}) {
+    for (const std::int16_t word : {words::SestonAbundanz, words::Anteil}) {
         table.AddColumn(prose_.Word(word), Table::Align::Right);
     }
     table.AddColumn("SI", Table::Align::Right);
@@ -188,7 +188,7 @@ void Writer::LeftOut() const {
     Table table;
     table.AddColumn(prose_.Word(words::Taxon), Table::Align::Left);
     table.AddColumn(prose_.Word(words::Fundort), Table::Align::Left);
-    table.AddColumn(prose_.Word(words::Abundanz), Table::Align::Right);
+    table.AddColumn(prose_.Word(words::SestonAbundanz), Table::Align::Right);
     table.AddColumn(prose_.Word(words::Grund), Table::Align::Left);
     for (const SestonOmission& one : seston_.LeftOut) {
         table.AddRow({NameOf(one.Taxon, one.ID_ART, one.CF), PlaceOf(one.PSBez, one.ID_PS),

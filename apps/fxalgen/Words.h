@@ -293,6 +293,7 @@ inline constexpr std::int16_t FewAbundance = 5551;
 inline constexpr std::int16_t FewTaxa = 5552;
 inline constexpr std::int16_t SestonStreuung = 5553;
 inline constexpr std::int16_t NoDispersion = 5554;
+inline constexpr std::int16_t SestonAbundanz = 5570;
 
 // Charts.
 inline constexpr std::int16_t ChartOutOfDate = 5630;
