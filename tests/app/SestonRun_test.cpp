@@ -1,3 +1,4 @@
+#include "FX_Algen/Error.h"
 #include "app/SestonFixture.h"
 
 // Calculation of seston from the command line, and what it and the results keep of the run.
@@ -27,6 +28,18 @@ TEST_F(SestonRun, CalculatesEverySubHabitatAndTellsHowManyHaveSeston) {
     EXPECT_THAT(Rows(), ElementsAre(11, 12, 13, 21));
     EXPECT_FLOAT_EQ(One("SELECT SapIndex FROM sesErgProjekt WHERE ID=12;").R4(), 1.6F);
     EXPECT_EQ(One("SELECT Abundanzsumme FROM sesErgProjekt WHERE ID=11;").I4(), 0);
+}
+
+// Not even the insert came about: no row that could tell it.
+TEST_F(SestonRun, KeepsTheFailureOfASubHabitatWithoutRow) {
+    database_->TableDefs().Delete("sesArt");
+    const Outcome outcome = Call({"calculate", path_, "--seston", "--scope", "Teilraum:12"});
+    EXPECT_EQ(outcome.Code, 1);
+    EXPECT_EQ(outcome.Out, "Teilräume berechnet: 0\nFehlgeschlagen: 1\n");
+    EXPECT_THAT(Rows(), testing::IsEmpty());
+    EXPECT_EQ(One("SELECT Fehlernummer FROM fx_LaufSeston WHERE ID=12;").I4(), ErrorNumber::UnknownTable);
+    EXPECT_THAT(Call({"results", path_, "--seston"}).Out,
+                testing::ContainsRegex("ohne Ergebnis: 4\n   12: .*sesArt.* \\(3078\\)\n"));
 }
 
 TEST_F(SestonRun, SpeaksEnglishWhereAsked) {
@@ -102,7 +115,10 @@ TEST_F(SestonRun, SaysWhatIsOutOfDate) {
         "DELETE * FROM sesArtPrStelle WHERE ID_PS=1;",
         "INSERT INTO sesArtPrStelle (ID_PS, ID_ART, CF, Abundanz) VALUES (1, 2, -1, 0);",
         "UPDATE sesPrStelle SET ID_TR=11 WHERE ID_PS=1;",
+        // Another taxon with the same values: all sums stay, the number of taxa does not.
+        "UPDATE sesArtPrStelle SET ID_ART=4 WHERE ID_PS=1 AND ID_ART=1 AND CF=-1;",
     };
+    Execute({"INSERT INTO sesArt (ID_ART, Gattung, W_SI, W_B, W_A) VALUES (4, 'Übersehene', 2.5, 5, 5);"});
     for (const char* change : changes) {
         SCOPED_TRACE(change);
         CalculateSeston();

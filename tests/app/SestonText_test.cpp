@@ -61,6 +61,10 @@ TEST_F(ExplainedSeston, SpeaksEnglishWhereAsked) {
     CalculateSeston();
     const std::string out = Call({"explain", path_, "Teilraum:12", "--lang", "en"}).Out;
     EXPECT_THAT(out, HasSubstr("Findings by their share"));
+    EXPECT_THAT(
+        out,
+        testing::ContainsRegex(
+            "  Taxon +Found at +Abundance +Share \\[%\\] +SI +Abundance × SI +o/b/a/p +p ln p +Remark\n"));
     EXPECT_THAT(out, HasSubstr("  SapIndex = 16 / 10 = 1.6; stored: 1.6\n"));
     EXPECT_THAT(out, HasSubstr("  Without saprobic value: 2 of N = 10."));
     EXPECT_THAT(out, testing::EndsWith("Stored result: current\n"));
@@ -93,9 +97,46 @@ TEST_F(ExplainedSeston, SaysThatASampleHadNoFindings) {
     EXPECT_THAT(out, HasSubstr("  V ist nicht über 0: die Verteilung bleibt leer.\n"));
 }
 
+// A mark, or a sampling site: either tells that seston was looked for.
+TEST_F(ExplainedSeston, SaysSoForAMarkOrASiteAlone) {
+    Execute({"DELETE * FROM sesArtPrStelle WHERE ID_PS=1;", "DELETE * FROM sesPrStelle WHERE ID_PS=1;",
+             "DELETE * FROM sesArtPrStelle WHERE ID_PS=2;", "DELETE * FROM sesTeilraum WHERE ID_TR=13;"});
+    for (const char* teilraum : {"Teilraum:12", "Teilraum:13"}) {
+        EXPECT_THAT(Call({"explain", path_, teilraum}).Out, HasSubstr("\n  Keine Funde von Seston.\n"))
+            << teilraum;
+    }
+}
+
+TEST_F(ExplainedSeston, ShowsTheMostAbundantFirst) {
+    Execute({"UPDATE sesArtPrStelle SET Abundanz=9 WHERE ID_PS=1 AND ID_ART=3;"});
+    const std::string out = Call({"explain", path_, "Teilraum:12"}).Out;
+    EXPECT_LT(out.find("Planktothrix rubescens"), out.find("Stephanodiscus hantzschii"));
+    EXPECT_LT(out.find("Stephanodiscus hantzschii"), out.find("Asterionella formosa"));
+}
+
 TEST_F(ExplainedSeston, GivesTheSameAsJson) {
     CalculateSeston();
     const nlohmann::json seston = Json({"explain", "Teilraum:12"}).at("Seston");
+    // 0.4 ln 0.4 = -0.36651629.
+    nlohmann::json term = seston.at("Terms").at(0);
+    EXPECT_NEAR(term.at("EntropyTerm").get<double>(), -0.36651629, 1e-8);
+    term.erase("EntropyTerm");
+    EXPECT_EQ(term, nlohmann::json({{"ID_ART", 1},
+                                    {"Taxon", "Stephanodiscus hantzschii"},
+                                    {"CF", false},
+                                    {"ID_PS", 1},
+                                    {"PSBez", "Brücke, Mitte"},
+                                    {"Abundanz", 4.0},
+                                    {"W_SI", 2.5},
+                                    {"Valenzen", {0.0, 5.0, 5.0, 0.0}},
+                                    {"ValueTerm", 10.0}}));
+    EXPECT_EQ(seston.at("LeftOut").at(0).at("Abundanz"), 0.0);
+    // H of the sample is 1.054920.
+    EXPECT_NEAR(seston.at("EntropySum").get<double>(), -1.054920, 1e-6);
+    EXPECT_EQ(seston.at("Counts").at(1).at("Column"), "Taxa_SI");
+    EXPECT_EQ(seston.at("Columns").size(), 16U);
+    EXPECT_EQ(seston.at("Columns").at(8).at("Column"), "SapIndex");
+    EXPECT_EQ(seston.at("Columns").at(8).at("Stored").get<float>(), 1.6F);
     EXPECT_EQ(seston.at("State"), "Current");
     EXPECT_EQ(seston.at("Terms").size(), 3U);
     EXPECT_EQ(seston.at("LeftOut").at(0).at("Rule"), "NoAbundance");
@@ -160,6 +201,10 @@ TEST_F(ExplainedSeston, TellsWhyTheCalculationFails) {
                 HasSubstr("Saprobienindex\n\n  SapIndex: nicht berechnet; nicht gespeichert\n\n"));
     EXPECT_THAT(outcome.Out, HasSubstr("  KumPoly: nicht berechnet; nicht gespeichert\n\n"));
     EXPECT_THAT(outcome.Out, testing::ContainsRegex("Die Berechnung schlägt fehl: .* \\(94\\)\n"));
+    // The row that such a calculation leaves is the same again, and yet it is no result.
+    Call({"calculate", path_, "--seston"});
+    EXPECT_THAT(Call({"explain", path_, "Teilraum:12"}).Out,
+                testing::EndsWith("Gespeichertes Ergebnis: unvollständig\n"));
 }
 
 std::string Printed(const SestonExplanation& seston) {

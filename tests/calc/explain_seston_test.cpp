@@ -230,6 +230,20 @@ TEST(ExplainSeston, TellsHowFarAFailedCalculationCame) {
     EXPECT_EQ(Spalte(erklaerung, "SapIndex").Stored.R4(), 1.75F);
 }
 
+TEST(ExplainSeston, TellsTheFailureAtTheFirstOfTwoSitesAlone) {
+    Sestondatenbank db;
+    Fuelle(db);
+    db.SetzeNull("sesArt", "W_SI", "ID_ART=1");
+    EXPECT_THAT(Kurz(ExplainSeston(db.Datenbank(), TR).LeftOut),
+                ElementsAre("1 1 cf 1 failed here", "1 1 2 not calculated", "1 2 0 no abundance",
+                            "2 1 4 not calculated", "2 3 1 not calculated", "2 99 5 not in catalogue"));
+    // Without the uncertain twin the same taxon fails at site 1, not at site 2.
+    db.Ausfuehren("DELETE * FROM sesArtPrStelle WHERE CF=-1;");
+    EXPECT_THAT(Kurz(ExplainSeston(db.Datenbank(), TR).LeftOut),
+                ElementsAre("1 1 2 failed here", "1 2 0 no abundance", "2 1 4 not calculated",
+                            "2 3 1 not calculated", "2 99 5 not in catalogue"));
+}
+
 TEST(ExplainSeston, WithoutADatabaseFailsWith3343) {
     EXPECT_EQ(Fehlschlag([] { ExplainSeston(nullptr, TR); })->Number(), ErrorNumber::NotADatabase);
 }
