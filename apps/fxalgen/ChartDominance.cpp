@@ -125,7 +125,7 @@ private:
     void Note(const Teilraum& teilraum, const ListScope& scope, const Error& error) {
         if (error.Number() == ListNotBuilt) {
             listed_.reset();
-            withoutList_[scope] = WhyNoList(*source_.Database, scope, error);
+            withoutList_[scope] = WhyNoList(*source_.Database, scope);
             Fail(teilraum, withoutList_[scope]);
             return;
         }

@@ -137,7 +137,7 @@ bool ListScopes::Fits(std::int32_t ID_PRJ) {
     return known_[ID_PRJ] = rows->RecordCount() <= MostColumns;
 }
 
-std::string WhyNoList(store::Database& database, const ListScope& scope, const Error& error) {
+std::string WhyNoList(store::Database& database, const ListScope& scope) {
     const std::string list =
         "the frequency list of " + scope.Word() + ":" + store::NumberText(scope.ID) + " ";
     std::vector<Teilraum> all = ReadTeilraeume(database, {scope.Kind, scope.ID});
@@ -152,8 +152,9 @@ std::string WhyNoList(store::Database& database, const ListScope& scope, const E
                "is empty: no sub-habitat of it has an algae sample (awaTeilraum) with a sampling site "
                "(awaPrStelle)";
     }
-    return list + "could not be made: " + error.Description() + " (" + store::NumberText(error.Number()) +
-           ")";
+    return list +
+           "could not be made, and nothing that it needs is missing: another program may be writing to the "
+           "database, or its file cannot be written";
 }
 
 std::optional<std::string> WhyNoAbundance(store::Database& database, std::int32_t ID_TR, bool diatoms) {

@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "FX_Algen/Error.h"
 #include "FX_Algen/Store.h"
 #include "fxalgen/Scope.h"
 
@@ -42,8 +41,9 @@ private:
 };
 
 /// Why the list of a scope could not be made, in words: the first sub-habitat, in the order of the list, with
-/// a number that was not entered, or that there is nothing to list. `error` is told where neither is found.
-std::string WhyNoList(store::Database& database, const ListScope& scope, const Error& error);
+/// a number that was not entered, or that there is nothing to list. Where neither is found, the database
+/// could not be written.
+std::string WhyNoList(store::Database& database, const ListScope& scope);
 
 /// Why a sub-habitat with findings of a group has no relative abundance to show for it: nothing was counted,
 /// or there is no total cover. None where it has or where nothing was found.

@@ -27,10 +27,10 @@ struct DistributionRequest {
 
 /// The distribution chart of `Grafik_Verteilung_Init`: one bar for each sampling site with a result row, as
 /// the result table holds it; Null is absent. Footnotes tell of sub-habitats with two results, whose sites
-/// have two bars, and of a table that holds no value at all. The axis of valences ends at 10, unless another
-/// program left values of another scale. Fails as that operation and its statement do; with 13 where
-/// `Verteilungsart` or `Stellenbez` is none of theirs, with 3343 where `Teilraeume` is given and the file is
-/// read-only or locked.
+/// have two bars, that of the diatoms alone with "[KA]" behind its name, and of a table that holds no value
+/// at all. The axis of valences ends at 10, unless another program left values of another scale. Fails as
+/// that operation and its statement do; with 13 where `Verteilungsart` or `Stellenbez` is none of theirs,
+/// with 3343 where `Teilraeume` is given and the file is read-only or locked.
 charts::Chart ReadDistributionChart(const DistributionRequest& request);
 
 /// Which dominance charts.

@@ -110,13 +110,26 @@ std::optional<double> NumberOf(const store::Value& value) {
     return value.R8();
 }
 
+/// The statement with one more column in front, by which the two results of a sub-habitat can be told apart:
+/// its rows are the same, that of all algae before that of the diatoms.
+std::string WithKAOnly(const std::string& sql) {
+    const std::string select = "SELECT DISTINCTROW ";
+    return select + "awaErgProjekt.KAOnly, " + sql.substr(select.size(), sql.size() - select.size() - 1) +
+           ", awaErgProjekt.KAOnly;";
+}
+
+std::string LabelOf(const store::Recordset& row, std::int16_t SprachID) {
+    const auto& KAOnly = row["KAOnly"];
+    return NameOr(row["Stelle"], SprachID) + (!KAOnly.IsNull() && KAOnly.Bool() ? " [KA]" : "");
+}
+
 std::vector<charts::Site> SitesOf(store::Database& database, const AL_PS_Grafik& grafik,
                                   std::int16_t SprachID) {
     std::vector<charts::Site> sites;
-    const auto rows = database.OpenRecordset(grafik.Grafik_SQL());
+    const auto rows = database.OpenRecordset(WithKAOnly(grafik.Grafik_SQL()));
     const auto first = rows->FieldIndex("Wert1");
     for (; !rows->Eof(); rows->MoveNext()) {
-        charts::Site site{NameOr((*rows)["Stelle"], SprachID), {}};
+        charts::Site site{LabelOf(*rows, SprachID), {}};
         for (std::size_t i = 0; i < static_cast<std::size_t>(grafik.Grafik_Balkenanzahl()); ++i)
             site.Values.push_back(NumberOf((*rows)[first + i]));
         sites.push_back(std::move(site));

@@ -3,6 +3,7 @@
 
 #include "FX_Algen/Assessment.h"
 #include "app/ChartFixture.h"
+#include "fxalgen/ChartList.h"
 
 // The frequency list behind the dominance charts: how often it is made and of which scope, why it cannot be,
 // and what it does not hold.
@@ -138,6 +139,13 @@ TEST_F(DominanceList, TellsThatNoSubHabitatHasASamplingSite) {
     EXPECT_THAT(outcome.Err,
                 HasSubstr("the frequency list of Projekt:2 is empty: no sub-habitat of it has an "
                           "algae sample (awaTeilraum) with a sampling site (awaPrStelle)\n"));
+}
+
+TEST_F(DominanceList, LaysAListWithoutAGapToTheDatabase) {
+    EXPECT_EQ(
+        WhyNoList(*database_, {Scope::Kind::UStelle, 1}),
+        "the frequency list of UStelle:1 could not be made, and nothing that it needs is missing: another "
+        "program may be writing to the database, or its file cannot be written");
 }
 
 TEST_F(DominanceList, TellsWhyFindingsHaveNoAbundance) {

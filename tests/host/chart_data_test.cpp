@@ -160,11 +160,15 @@ TEST_F(DistributionChart, NamesSitesWithoutAName) {
 TEST_F(DistributionChart, TellsOfSubHabitatsWithTwoResults) {
     db.Ergebnis(17, true);
     const std::string note =
-        "Teilräume mit zwei Ergebnissen (alle Algen und nur Kieselalgen) stehen zweimal.";
+        "Teilräume mit zwei Ergebnissen stehen zweimal: aus allen Algen und, mit [KA], nur aus den "
+        "Kieselalgen.";
     db.Setze("awaErgProjekt", "ANZ_Gueteklasse_I=1", "ID=17 AND KAOnly=False");
+    db.Setze("awaErgProjekt", "ANZ_Gueteklasse_I=2", "ID=17 AND KAOnly=True");
     auto chart = ReadDistributionChart(Request(2));
-    EXPECT_THAT(Labels(chart),
-                ElementsAre("Brücke 12.05.2026 Ufer", "Brücke 12.05.2026 Ufer", "Mühle 12.05.2026 Wehr"));
+    EXPECT_THAT(Labels(chart), ElementsAre("Brücke 12.05.2026 Ufer", "Brücke 12.05.2026 Ufer [KA]",
+                                           "Mühle 12.05.2026 Wehr"));
+    EXPECT_THAT(chart.Sites[0].Values[0], Optional(1.0));
+    EXPECT_THAT(chart.Sites[1].Values[0], Optional(2.0));
     EXPECT_THAT(chart.Footnotes, ElementsAre(note));
     // Two sites of a sub-habitat with one result are none.
     db.Stelle(20, 18, "Äste");
@@ -174,6 +178,20 @@ TEST_F(DistributionChart, TellsOfSubHabitatsWithTwoResults) {
                 ElementsAre("Die Ergebnistabelle enthält dafür keine Werte."));
     request.Teilraeume = {17};
     EXPECT_THAT(ReadDistributionChart(request).Footnotes, ElementsAre(note));
+}
+
+TEST_F(DistributionChart, HasTheResultOfAllAlgaeFirstWhicheverWasWrittenFirst) {
+    db.Ausfuehren("DELETE * FROM awaErgProjekt;");
+    for (const std::int32_t tr : {18, 17}) {
+        db.Ergebnis(tr, true);
+        db.Ergebnis(tr, false);
+    }
+    db.Stelle(20, 17, "Äste");
+    auto request = Request(1);
+    request.Stellenbez = 2;
+    EXPECT_THAT(Labels(ReadDistributionChart(request)),
+                ElementsAre("Anzeige Äste", "Anzeige Äste [KA]", "Anzeige Ufer", "Anzeige Ufer [KA]",
+                            "Anzeige Wehr", "Anzeige Wehr [KA]"));
 }
 
 TEST_F(DistributionChart, WithoutSitesSaysSo) {
