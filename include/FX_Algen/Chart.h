@@ -51,9 +51,11 @@ struct Site {
 struct Chart {
     ChartKind Kind = ChartKind::Stacked;
     std::string Title;
-    std::string Subtitle;           ///< such as the site of a dominance chart; empty: none
-    std::string AxisTitle;          ///< what the values are, with their unit
-    std::optional<double> AxisEnd;  ///< end of the value axis (10 for valences); absent: by the values
+    std::string Subtitle;   ///< such as the site of a dominance chart; empty: none
+    std::string AxisTitle;  ///< what the values are, with their unit
+    /// End of the value axis (10 for valences); absent: by the values. A bar that is longer by no more than
+    /// rounding (0.5 %) ends there, a longer one makes the axis longer.
+    std::optional<double> AxisEnd;
     bool WholeNumbers = false;      ///< values are counts: no decimals at axis and bars
     std::vector<Series> AllSeries;  ///< one of them and no legend text: no legend is drawn
     std::int16_t LegendLines = 2;

@@ -13,6 +13,8 @@ namespace {
 
 /// Relative noise of sums of a few 32-bit values.
 constexpr double kNoise = 1e-5;
+/// What parts that were rounded to two decimals may make of their sum, relative to it.
+constexpr double kRounding = 0.005;
 /// Below it no axis could be labelled.
 constexpr double kSmallest = 1e-9;
 /// So that sums and multiples stay finite.
@@ -32,7 +34,7 @@ int Decimals(double step) {
 
 bool EndServes(const AxisRange& range) {
     return range.End && std::isfinite(*range.End) && *range.End >= kSmallest && *range.End <= kLargest &&
-           range.Largest <= *range.End * (1 + kNoise);
+           range.Largest <= *range.End * (1 + kRounding + kNoise);
 }
 
 }  // namespace

@@ -25,8 +25,9 @@ struct AxisRange {
 };
 
 /// The axis for a range with at most so many steps, at least one; a fixed end may leave a last part of a step
-/// without tick. A value beyond the end by no more than the noise of 32-bit sums (10 parts in a million) does
-/// not lengthen the axis.
+/// without tick. It stays where a value lies beyond it by no more than rounding (0.5 %), so that valences of
+/// two decimals that add up to 10.01 do not make an axis to 12; without a fixed end the noise of 32-bit sums
+/// (10 parts in a million) does not lengthen the axis.
 Axis MakeAxis(const AxisRange& range, int mostSteps);
 
 /// The text of a tick, with as many decimal places as the step needs.

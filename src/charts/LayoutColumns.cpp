@@ -116,8 +116,10 @@ private:
             return MakeAxis(range,
                             std::clamp(static_cast<int>(plot_.Height / distance), kFewestSteps, kMostSteps));
         };
-        const Axis axis = axisWith(kTickDistance);
-        return axis.End > kWastefulAxis * range.Largest ? axisWith(kLeastTickDistance) : axis;
+        Axis axis = axisWith(kTickDistance);
+        if (axis.End <= kWastefulAxis * range.Largest) return axis;
+        Axis closer = axisWith(kLeastTickDistance);
+        return closer.End < axis.End ? closer : axis;
     }
 
     void PlanBars() {

@@ -30,6 +30,12 @@ const AxisCase kAxisCases[] = {
     {"smaller than the fixed end", 3.5, 10, false, 5, 10, 2, 6, "10"},
     {"noise of sums", 10.000001, 10, false, 5, 10, 2, 6, "10"},
     {"noise without fixed end", 10.000001, std::nullopt, false, 5, 10, 2, 6, "10"},
+    // Eight values, each rounded to two decimals, are off by 8 * 0.005 = 0.04 at most.
+    {"rounded parts", 10.04, 10, false, 10, 10, 1, 11, "10"},
+    {"as much as rounding may do", 10.05, 10, false, 5, 10, 2, 6, "10"},
+    // 10.06 / 5 = 2.012, so steps of 5, up to 15.
+    {"more than rounding", 10.06, 10, false, 5, 15, 5, 4, "15"},
+    {"rounded parts without fixed end", 10.04, std::nullopt, false, 5, 15, 5, 4, "15"},
     // 10.2 / 5 = 2.04, so steps of 5, up to 15.
     {"beyond the fixed end", 10.2, 10, false, 5, 15, 5, 4, "15"},
     {"beyond the fixed end, high", 10.2, 10, false, 11, 11, 1, 12, "11"},

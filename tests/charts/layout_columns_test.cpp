@@ -370,6 +370,10 @@ TEST(ChartColumns, ALowChartHasCloserTicksRatherThanHalfAnEmptyAxis) {
     const std::set<std::string> texts = TextsOf(test::LayOut(chart, low)[0]);
     EXPECT_TRUE(texts.contains("50"));
     EXPECT_FALSE(texts.contains("80"));
+    // Where the end is given, closer ticks save nothing: 0, 50, 100.
+    chart.AxisEnd = 100;
+    chart.Sites[0].Values[0] = 10;
+    EXPECT_FALSE(TextsOf(test::LayOut(chart, low)[0]).contains("20"));
 }
 
 TEST(ChartColumns, ValuesBeyondTheEndMakeTheAxisLonger) {
@@ -385,6 +389,19 @@ TEST(ChartColumns, ValuesBeyondTheEndMakeTheAxisLonger) {
     EXPECT_TRUE(TextsOf(noise[0]).contains("10"));
     EXPECT_FALSE(TextsOf(noise[0]).contains("12"));
     for (const DrawnBar& bar : noise[0].Bars) EXPECT_GE(bar.Place.Y, AxisEnds(noise[0]).first - 1e-9);
+}
+
+TEST(ChartColumns, RoundedValencesEndAtTen) {
+    // 1.26 + 3.39 + 0.45 + 2.16 + 0.78 + 1.02 + 0.53 + 0.42 = 10.01
+    Chart chart = test::ValenceChart(2);
+    chart.Sites[1].Values = {1.26, 3.39, 0.45, 2.16, 0.78, 1.02, 0.53, 0.42};
+    const Page page = test::LayOut(chart)[0];
+    EXPECT_TRUE(TextsOf(page).contains("10"));
+    EXPECT_FALSE(TextsOf(page).contains("12"));
+    ASSERT_EQ(page.Bars.size(), 16U);
+    EXPECT_NEAR(page.Bars[15].Place.Y, AxisEnds(page).first, 1e-9);
+    // The value is told as it is, though its part is a little lower.
+    EXPECT_EQ(page.Bars[15].Value, 0.42);
 }
 
 TEST(ChartColumns, OddChartsAndPagesDoNotFail) {
