@@ -1,5 +1,6 @@
 # Installs the build into a scratch prefix, runs the installed program, builds a program of its own against
-# the installed package and runs that. Where pictures are built (UI), a second one writes one.
+# the installed package and runs that. Where pictures are built (UI), a second one writes one, else it is told
+# why it cannot.
 #   cmake -DBUILD_DIR= -DWORK_DIR= -DCONSUMER= -DBUILD_TYPE= -DCXX= -DCXX_FLAGS= -DGENERATOR= -DVERSION= -DUI= -P InstallTest.cmake
 function(run)
     execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE out ERROR_VARIABLE err)
@@ -23,7 +24,8 @@ set(prefix ${WORK_DIR}/prefix)
 file(REMOVE_RECURSE ${WORK_DIR})
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
 must_exist(bin/fxalgen include/FX_Algen/AL_PS.h include/FX_Algen/Store.h FX_AlgenConfig.cmake
-    FX_AlgenConfigVersion.cmake FX_AlgenTargets.cmake README.md LICENSE charts.md pictures/dominance.png)
+    FX_AlgenConfigVersion.cmake FX_AlgenTargets.cmake README.md LICENSE
+    share/doc/FX_Algen/charts.md share/doc/FX_Algen/pictures/dominance.png)
 file(GLOB_RECURSE foreign ${prefix}/include/*)
 list(FILTER foreign EXCLUDE REGEX "/include/FX_Algen/(ui/)?[A-Za-z_]+\\.h$")
 if(foreign)
@@ -61,4 +63,16 @@ if(UI)
     build_consumer(${CONSUMER}_ui consumer_ui)
     run(${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen ${WORK_DIR}/consumer_ui/consumer_ui ${WORK_DIR}/picture.png)
     must_exist(../picture.png)
+else()
+    execute_process(COMMAND ${CMAKE_COMMAND} -S ${CONSUMER}_ui -B ${WORK_DIR}/consumer_ui -G ${GENERATOR}
+        -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_CXX_COMPILER=${CXX} RESULT_VARIABLE result OUTPUT_QUIET ERROR_VARIABLE err)
+    string(REGEX REPLACE "[ \n]+" " " err "${err}")
+    if(result EQUAL 0 OR NOT err MATCHES "was built without pictures and windows")
+        message(FATAL_ERROR "A host that wants pictures is told: ${err}")
+    endif()
+    execute_process(COMMAND ${prefix}/bin/fxalgen chart ${WORK_DIR}/program.db quality-classes -o ${WORK_DIR}/picture.png
+        RESULT_VARIABLE result ERROR_VARIABLE err)
+    if(NOT result EQUAL 1 OR NOT err MATCHES "draws no pictures")
+        message(FATAL_ERROR "fxalgen chart ended with ${result} and said: ${err}")
+    endif()
 endif()
