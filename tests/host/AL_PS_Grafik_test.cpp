@@ -272,15 +272,54 @@ TEST_F(AL_PS_GrafikArtenDom, HandsPlaceModesAndFlagToTheList) {
     // A silent run shows the boxes of debug mode all the same.
     grafik.DebugModus(true);
     grafik.Grafik_ArtenDom_Init();
-    EXPECT_EQ(zuschauer.Texte().front(), "TLR: 17 DG-Gesamt: 100 DG-MA: 100");
+    EXPECT_THAT(zuschauer.Texte(), testing::Contains("TLR: 17 DG-Gesamt: 100 DG-MA: 100"));
     // In the assessment cover 40 of 80 is 50 percent; only taxa of life form 1 count.
     db.Ausfuehren("INSERT INTO awaModulStandard (ID_ART, Lebensform) VALUES (1, 1);");
     db.Setze("awaTeilraum", "DG_Gesamt_WRRL=80", "ID_TR=17");
     db.Datenbank();
     grafik.IstWRRLBerechnung(true);
     grafik.Grafik_ArtenDom_Init();
-    EXPECT_EQ(zuschauer.Texte().front(), "TLR: 17 DG-Gesamt: 80 DG-MA: 100");
+    EXPECT_THAT(zuschauer.Texte(), testing::Contains("TLR: 17 DG-Gesamt: 80 DG-MA: 100"));
     EXPECT_THAT(db.Zeilen(grafik.Grafik_SQL()), testing::ElementsAre("Cladophora größte|50"));
+}
+
+TEST_F(AL_PS_GrafikArtenDom, HasTheListMadeOfTheScopeSet) {
+    // Station 17 and the selection 5 hold sub-habitat 17, station 18 another one; there is no project 17
+    // or 5.
+    db.Zweig(18, "Mühle", "Wehr");
+    db.Ausfuehren(
+        "INSERT INTO RechenProjekt (ID_RechMan, RechManEbene, RechManSQL) VALUES (5, 'Teilraum', "
+        "'RechenProjektListe.ID_RechMan=5');");
+    db.Ausfuehren("INSERT INTO RechenProjektListe (ID_RechMan, ID_Ebene) VALUES (5, 17);");
+    for (const auto& [scope, id] : {std::pair{"UStelle", 17}, std::pair{"Rechenmanager", 5}}) {
+        AL_PS_Grafik other = grafik;
+        other.AktUebersicht(scope);
+        other.ProjektID(id);
+        other.Grafik_ArtenDom_Init();
+        EXPECT_EQ(other.Grafik_Artenanzahl(), 1) << scope;
+        EXPECT_THAT(db.Zeilen(other.Grafik_SQL()), testing::ElementsAre("Cladophora größte|40"));
+        EXPECT_EQ(Fehlernummer([&] { db.Zeilen("SELECT A18 FROM awaArtenlisteHaeufigkeit;"); }),
+                  ErrorNumber::UnknownName)
+            << scope;
+    }
+}
+
+TEST_F(AL_PS_GrafikArtenDom, PassesNoSelectionOnToTheList) {
+    // A list of the sites for display would be without the sub-habitat.
+    db.Setze("Teilraum", "Anzeige=False", "ID_TR=17");
+    grafik.Grafik_ArtenDom_Init();
+    EXPECT_THAT(db.Zeilen(grafik.Grafik_SQL()), testing::ElementsAre("Cladophora größte|40"));
+}
+
+TEST_F(AL_PS_GrafikArtenDom, HasTheListMadeAtThePathSet) {
+    // Made in another database the list is none of this one: the call prepares nothing.
+    const Grafikdatenbank other;
+    grafik.DBName(other.Pfad());
+    grafik.Grafik_ArtenDom_Init();
+    EXPECT_EQ(Outputs(grafik), Outputs(AL_PS_Grafik()));
+    grafik.DBName("");
+    grafik.Grafik_ArtenDom_Init();
+    EXPECT_EQ(grafik.Grafik_Artenanzahl(), 1);
 }
 
 TEST_F(AL_PS_GrafikArtenDom, TakesTheListOfTheCalculationWithoutRebuilding) {

@@ -385,6 +385,19 @@ TEST_F(DominanceChart, OfTheAssessmentTakesItsCovers) {
     EXPECT_THAT(chart.Sites[0].Values, ElementsAre(Optional(DoubleEq(80))));
 }
 
+TEST_F(DominanceChart, HasTheListMadeOfTheScopeAndAtThePathAskedFor) {
+    auto request = Request(1);
+    request.AktUebersicht = "UStelle";
+    request.ProjektID = 17;  // no project
+    EXPECT_EQ(ReadDominanceChart(request).Sites.size(), 3U);
+    request.AktUebersicht = "Übersicht";
+    EXPECT_EQ(Fehlernummer([&] { ReadDominanceChart(request); }), ErrorNumber::NoCurrentRecord);
+    const Grafikdatenbank other;
+    request = Request(1);
+    request.DBName = other.Pfad();
+    EXPECT_EQ(Fehlernummer([&] { ReadDominanceChart(request); }), ErrorNumber::NoCurrentRecord);
+}
+
 TEST_F(DominanceChart, FailsWhereItCannotBeMade) {
     auto request = Request(3);
     EXPECT_EQ(Fehlernummer([&] { ReadDominanceChart(request); }), ErrorNumber::TypeMismatch);
