@@ -83,6 +83,16 @@ TEST(Hatch, NoPartOfAnAreaStaysBare) {
     }
 }
 
+TEST(Hatch, CoarseLinesAreClearlyBroaderAndFurtherApart) {
+    for (const HatchDirection direction : {HatchDirection::Rising, HatchDirection::Falling}) {
+        const std::vector<Stroke> fine = HatchLines({0, 0, 60, 60}, {direction, false}, kPen);
+        const std::vector<Stroke> coarse = HatchLines({0, 0, 60, 60}, {direction, true}, kPen);
+        ASSERT_FALSE(coarse.empty());
+        EXPECT_GE(coarse[0].PenWidth, 1.5 * fine[0].PenWidth);
+        EXPECT_LE(static_cast<double>(coarse.size()), static_cast<double>(fine.size()) / 1.5 + 1);
+    }
+}
+
 TEST(Hatch, CoarseAndFineCoverTheSamePart) {
     // 1.6 / 6 = 2.6 / 9.75 = 4 / 15 of an edge, so of a wide area the same part within the loss at its edges.
     const auto covered = [](const Hatch& hatch) {
