@@ -112,6 +112,48 @@ TEST(ChartPlaces, LabelsOfSitesStandBelowTheMiddleOfTheirBars) {
     }
 }
 
+TEST(ChartPlaces, TitleOfTheAxisStandsBesideTheMiddleOfTheBars) {
+    const test::PlainMetrics metrics;
+    const auto titleOf = [&](const Chart& chart, const Page& page) {
+        for (const Label& label : test::All<Label>(page))
+            if (label.Text == chart.AxisTitle) return test::BoxOf(label, metrics);
+        return Rect{};
+    };
+    // The bars of this chart reach from the beginning of the axis to its end.
+    const Chart valences = test::ValenceChart(3);
+    const Page standing = test::LayOut(valences)[0];
+    const Rect lowest = standing.Bars[0].Place;
+    const double top = standing.Bars[7].Place.Y;
+    const Rect turned = titleOf(valences, standing);
+    EXPECT_NEAR(MiddleY(turned), (top + lowest.Y + lowest.Height) / 2, 1e-6);
+    EXPECT_LT(turned.X + turned.Width, lowest.X);
+
+    Chart dominance = test::DominanceChart(3);
+    dominance.Sites[0].Values[0] = 40;
+    const Page lying = test::LayOut(dominance)[0];
+    const Rect longest = lying.Bars[0].Place;
+    const Rect flat = titleOf(dominance, lying);
+    EXPECT_NEAR(flat.X + flat.Width / 2, longest.X + longest.Width / 2, 1e-6);
+    EXPECT_GT(flat.Y, lying.Bars[2].Place.Y + lying.Bars[2].Place.Height);
+}
+
+TEST(ChartPlaces, GroupsStandApart) {
+    for (const std::size_t sites : {2U, 9U, 30U}) {
+        Chart chart = test::ClassChart(sites, ChartKind::Grouped);
+        for (Site& site : chart.Sites) site.Values = {1.0, 1.0, 1.0, 1.0, 1.0, 1.0, 1.0};
+        for (const Page& page : test::LayOut(chart))
+            for (std::size_t bar = 1; bar < page.Bars.size(); ++bar) {
+                const Rect& before = page.Bars[bar - 1].Place;
+                const double gap = page.Bars[bar].Place.X - before.X - before.Width;
+                if (page.Bars[bar].Site == page.Bars[bar - 1].Site)
+                    ASSERT_NEAR(gap, 0, 1e-6) << sites;
+                else
+                    // More than the narrowest bar of 5 points, which a gap within a group may be.
+                    ASSERT_GE(gap, 7 - 1e-6) << sites;
+            }
+    }
+}
+
 TEST(ChartPlaces, ValuesBesideBarsHaveAPlateOverTheLinesOfTheGrid) {
     const test::PlainMetrics metrics;
     for (const Chart& chart : {test::DominanceChart(9), test::ClassChart(3, ChartKind::Grouped)}) {

@@ -247,6 +247,18 @@ TEST(PdfFile, has_pages_of_the_charts_size_with_title_creator_and_fonts) {
     EXPECT_TRUE(pdf.contains("<00df>") || pdf.contains("<00DF>"));
 }
 
+TEST(PdfFile, has_each_page_in_its_own_size) {
+    const Folder folder;
+    const auto path = folder / "a.pdf";
+    auto larger = Titled("b");
+    larger.Page.Width = 500;
+    larger.Page.Height = 400;
+    WritePages({Titled("a"), larger, Titled("c")}, PictureFormat::Pdf, path);
+    const auto pdf = Bytes(path);
+    EXPECT_EQ(pdf.count("/MediaBox [0 0 300.000000 100.000000]"), 2);
+    EXPECT_EQ(pdf.count("/MediaBox [0 0 500.000000 400.000000]"), 1);
+}
+
 struct NamesCase {
     const char* Name;
     const char* Path;
