@@ -151,6 +151,15 @@ TEST_F(DistributionChart, TellsWhichSubHabitatsHaveNoBar) {
     EXPECT_EQ(Draw("quality-classes", {"--scope", "Teilraum:21"}).Code, 1);
 }
 
+TEST_F(DistributionChart, TellsThatASubHabitatBelowABrokenTreeHasNoBar) {
+    ASSERT_EQ(Call({"calculate", path_}).Code, 0);
+    Execute({"UPDATE UnvUStelle SET ID_AB=99 WHERE ID_UUS=2;"});  // the station of 21 alone
+    const auto outcome = Draw("quality-classes");
+    EXPECT_EQ(outcome.Code, 0);
+    EXPECT_THAT(outcome.Err, HasSubstr("warning: 1 sub-habitat has a result and no bar, for want of"));
+    EXPECT_EQ(TheChart().Sites.size(), 2U);
+}
+
 TEST_F(DistributionChart, TellsBelowTheChartWhichResultsAreOutOfDate) {
     ASSERT_EQ(Call({"calculate", path_}).Code, 0);
     Execute({"UPDATE awaArtPrStelle SET Schalen_KA=99 WHERE ID_PS=3;"});
