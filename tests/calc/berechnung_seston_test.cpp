@@ -257,6 +257,16 @@ TEST(BerechnungSestonStreuung, TakesTheIndexAsItStandsInTheRow) {
     EXPECT_NEAR(db.Sestonergebnis(TR, "SI_Streuung").R8(), 0.4714045207910334, 5e-16);
 }
 
+// Sums 1, 4, 2, 0 of V = 7. 10/7 * 2^23 and 40/7 * 2^21 are 11983725.7: Oligo and Beta are 11983726 over 2^23
+// and 2^21. In units of 2^-21 that is 2995931.5 + 11983726 = 14979657.5, a tie, which goes to the even
+// 14979658. With the unrounded Beta it would be 2995931.5 + 11983725.7 and so 14979657, as 50/7 is.
+TEST(BerechnungSestonKumuliert, AddsToTheLastCumulationTheColumnAndNotTheUnroundedPart) {
+    Sestondatenbank db;
+    Fuelle(db, {"", {{1, {2, {1, 4, 2, 0}}}}, {{1, 1, 1}}, {}});
+    Berechnung_ExecuteSeston(db.Datenbank(), TR, false, false);
+    EXPECT_EQ(db.Sestonergebnis(TR, "KumBeta").R8(), 14979658.0 / 2097152);
+}
+
 TEST(BerechnungSestonFunde, CountOnlyThoseOfTheSubHabitat) {
     Sestondatenbank db;
     Fuelle(db, {"", {{1, Beta}, {2, Oligosaprob}}, {{1, 1, 3}}, {}});

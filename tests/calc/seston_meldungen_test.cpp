@@ -3,6 +3,7 @@
 
 #include "calc/BerechnungSeston.h"
 #include "calc/Sestondatenbank.h"
+#include "store/OpenConnection.h"
 
 namespace FX_Algen {
 namespace {
@@ -116,6 +117,18 @@ TEST(SestonMeldungen, TellTheStatementThatFails) {
     Meldungsfang fang;
     EXPECT_TRUE(Fehlschlag([&] { Berechnung_ExecuteSeston(db.Datenbank(), TR, false, true); }));
     EXPECT_THAT(fang.Texte(), ElementsAreArray(Erste(2)));
+}
+
+// The last box stands before the row is written.
+TEST(SestonMeldungen, TellTheUpdateThatFails) {
+    Sestondatenbank db;
+    Fuelle(db);
+    db.Datenbank()->SharedConnection()->TheEngine().Run(
+        "CREATE TRIGGER Gesperrt BEFORE UPDATE ON sesErgProjekt BEGIN SELECT RAISE(ABORT, 'gesperrt'); END;");
+    Meldungsfang fang;
+    EXPECT_TRUE(Fehlschlag([&] { Berechnung_ExecuteSeston(db.Datenbank(), TR, false, true); }));
+    EXPECT_THAT(fang.Texte(), ElementsAreArray(Texte));
+    EXPECT_TRUE(db.NurSchluessel(TR));
 }
 
 // 32768 taxa do not fit the column: the box of the count stands before the count.
