@@ -81,6 +81,14 @@ TEST_F(ExplainedSeston, StandsBehindTheAlgaeWhereThereAreBoth) {
     EXPECT_THAT(out, Not(HasSubstr("Ohne Saprobiewert:")));
 }
 
+TEST_F(ExplainedSeston, KeepsNoStoredResultOfTheAlgaeFromBeingTold) {
+    ASSERT_EQ(Call({"calculate", path_}).Code, 0);
+    Execute({"DELETE * FROM awaTeilraum WHERE ID_TR=13;"});
+    const std::string out = Call({"explain", path_, "Teilraum:13"}).Out;
+    EXPECT_THAT(out, HasSubstr("Keine Algenaufnahme"));
+    EXPECT_THAT(out, HasSubstr("\nSeston\n\n"));
+}
+
 TEST_F(ExplainedSeston, IsNoPartOfASubHabitatWithoutSeston) {
     ASSERT_EQ(Call({"calculate", path_}).Code, 0);
     CalculateSeston();
@@ -158,6 +166,8 @@ TEST_F(ExplainedSeston, ComparesWithTheStoredRowAndChangesNothing) {
     EXPECT_THAT(out, HasSubstr("  SapIndex = 26 / 14 = 1,857143; gespeichert: 1,6\n"));
     EXPECT_THAT(out, HasSubstr("Gespeichertes Ergebnis: veraltet\n"));
     EXPECT_THAT(out, testing::ContainsRegex("\n  Abundanzsumme +14 +10\n"));
+    // What is still the same is not among the differences.
+    EXPECT_THAT(out, Not(testing::ContainsRegex("\n  Taxa +3 +3\n")));
     EXPECT_EQ(One("SELECT Abundanzsumme FROM sesErgProjekt WHERE ID=12;").I4(), 10);
 }
 
@@ -242,6 +252,22 @@ TEST(PrintedSeston, SaysThatTheDispersionIsZeroBecauseItFailed) {
     EXPECT_THAT(
         Printed(seston),
         HasSubstr("  SI_Streuung = 0 (war nicht zu berechnen und gilt dann als 0); nicht gespeichert\n"));
+}
+
+// A value below 0 moves the index and is no rating; there is nothing rated to divide by.
+TEST(PrintedSeston, ComparesWithTheRatedTaxaOnlyWhereThereAreAny) {
+    SestonExplanation seston;
+    SestonTerm term;
+    term.Taxon = "Öltröpfchenalge";
+    term.Abundanz = 2;
+    term.W_SI = -1;
+    seston.Terms = {term};
+    seston.AbundanceSum = 2;
+    seston.ValueSum = -2;
+    seston.Columns = {Column("SapIndex", -1.0F)};
+    const std::string out = Printed(seston);
+    EXPECT_THAT(out, HasSubstr("  SapIndex = -2 / 2 = -1; nicht gespeichert\n"));
+    EXPECT_THAT(out, Not(HasSubstr("ergäben")));
 }
 
 TEST(PrintedSeston, RemarksValencesThatAreMissingOrDoNotAddUpToTen) {
