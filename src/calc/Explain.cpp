@@ -41,8 +41,25 @@ std::string Teilraumname(store::Database& database, const std::string& id) {
     return name;
 }
 
+std::optional<float> Zahl(const store::Value& wert) {
+    return wert.IsNull() ? std::nullopt : std::optional(wert.R4());
+}
+
+/// Covers and valves of the sub-habitat, also where the calculation failed before it came to them.
+void ErklaereGrundlagen(store::Database& database, const calc::Probe& probe, Explanation& explanation) {
+    const auto zeile = database.OpenRecordset(calc::abfragen::Teilraum(explanation.ID_TR));
+    explanation.DG_Gesamt = Zahl((*zeile)[explanation.IstWRRL ? "DG_Gesamt_WRRL" : "DG_Gesamt"]);
+    explanation.DG_Makroalgen = Zahl((*zeile)[explanation.IstWRRL ? "DG_MA_WRRL" : "DG_MA"]);
+    zeile->Close();
+    for (const auto& fund : probe.Funde) explanation.Schalen += fund.Schalen_KA.value_or(0);
+    calc::Grundlagen basis;
+    calc::LiesSchalensumme({{database, "Explain", explanation.ID_TR}, explanation.IstWRRL}, basis);
+    explanation.Summe_KA = basis.Summe_KA.Anzahl;
+}
+
 struct Rerun {
     calc::Spur Spur;
+    calc::Probe Probe;
     calc::Ergebnis Neu;
     calc::Ausgang Ausgang;
 };
@@ -58,9 +75,12 @@ bool AusBewertung(store::Database& database, const std::string& id, const calc::
 }
 
 /// Calculates the sub-habitat anew as its row came about: `ohneMenge` as an assessment does, without quantity
-/// index.
-Rerun Nachrechnen(const store::DatabasePtr& database, std::int32_t ID_TR, bool IstWRRL, bool ohneMenge) {
+/// index. What it read is explained inside the savepoint too, so that what another program enters meanwhile
+/// does not stand beside sums that lack it.
+Rerun Nachrechnen(const store::DatabasePtr& database, bool ohneMenge, Explanation& explanation) {
     Rerun rerun;
+    const auto ID_TR = explanation.ID_TR;
+    const bool IstWRRL = explanation.IstWRRL;
     const calc::Zaehlerschutz zaehler;
     const store::Savepoint savepoint(database->SharedConnection());
     const auto id = store::NumberText(ID_TR);
@@ -76,23 +96,11 @@ Rerun Nachrechnen(const store::DatabasePtr& database, std::int32_t ID_TR, bool I
         Berechnung_Trophie(database, ID_TR, IstWRRL, false, false, &rerun.Spur);
     });
     rerun.Neu = calc::LiesErgebnis(*database, calc::abfragen::Ergebniszeile(ID_TR, false), AlleSpalten());
+    if (explanation.Sampled) {
+        rerun.Probe = calc::LiesProbe(*database, ID_TR);
+        ErklaereGrundlagen(*database, rerun.Probe, explanation);
+    }
     return rerun;
-}
-
-std::optional<float> Zahl(const store::Value& wert) {
-    return wert.IsNull() ? std::nullopt : std::optional(wert.R4());
-}
-
-/// Covers and valves of the sub-habitat, also where the calculation failed before it came to them.
-void ErklaereGrundlagen(store::Database& database, const calc::Probe& probe, Explanation& explanation) {
-    const auto zeile = database.OpenRecordset(calc::abfragen::Teilraum(explanation.ID_TR));
-    explanation.DG_Gesamt = Zahl((*zeile)[explanation.IstWRRL ? "DG_Gesamt_WRRL" : "DG_Gesamt"]);
-    explanation.DG_Makroalgen = Zahl((*zeile)[explanation.IstWRRL ? "DG_MA_WRRL" : "DG_MA"]);
-    zeile->Close();
-    for (const auto& fund : probe.Funde) explanation.Schalen += fund.Schalen_KA.value_or(0);
-    calc::Grundlagen basis;
-    calc::LiesSchalensumme({{database, "Explain", explanation.ID_TR}, explanation.IstWRRL}, basis);
-    explanation.Summe_KA = basis.Summe_KA.Anzahl;
 }
 
 void ErklaereBestaende(const calc::Probe& probe, const calc::Grundlagen& basis, Explanation& explanation) {
@@ -143,16 +151,15 @@ Explanation Explain(const store::DatabasePtr& database, std::int32_t ID_TR) {
     explanation.IstWRRL = !variante.IsNull() && variante.Bool();
 
     const bool ohneMenge = explanation.Sampled && AusBewertung(db, id, alt);
-    const auto rerun = Nachrechnen(database, ID_TR, explanation.IstWRRL, ohneMenge);
+    const auto rerun = Nachrechnen(database, ohneMenge, explanation);
     explanation.Failed = rerun.Ausgang.Failed;
     auto vergleich = calc::Vergleiche(AlleSpalten(), rerun.Neu, alt);
     explanation.State = vergleich.State;
     explanation.Columns = std::move(vergleich.Columns);
     if (!explanation.Sampled) return explanation;
 
-    const auto probe = calc::LiesProbe(db, ID_TR);
+    const auto& probe = rerun.Probe;
     const auto grundlagen = rerun.Spur.Saprobie ? rerun.Spur.Saprobie->Basis : calc::Grundlagen{};
-    ErklaereGrundlagen(db, probe, explanation);
     ErklaereBestaende(probe, grundlagen, explanation);
     const calc::Erklaerungsbasis basis{
         probe, explanation.IstWRRL,

@@ -68,15 +68,30 @@ Bewertungsauftrag Auftrag(const store::DatabasePtr& database, const AssessmentSi
     return auftrag;
 }
 
+std::optional<calc::Gesamtdeckung> Gesamtdeckung(store::Database& database, std::int32_t ID_TR,
+                                                 bool IstWRRL) {
+    std::optional<calc::Gesamtdeckung> deckung;
+    const auto zeile = database.OpenRecordset(calc::abfragen::Teilraum(ID_TR));
+    if (!zeile->Eof()) {
+        const auto& wert = (*zeile)[IstWRRL ? "DG_Gesamt_WRRL" : "DG_Gesamt"];
+        if (!wert.IsNull()) deckung = calc::Gesamtdeckung{wert.R4()};
+    }
+    zeile->Close();
+    return deckung;
+}
+
 struct Rerun {
     AssessmentTrace Spur;
     calc::Spur Indexspur;
+    calc::Probe Probe;
+    std::optional<calc::Gesamtdeckung> Deckung;
     Zeilen Neu;
     calc::Ausgang Ausgang;
 };
 
 /// Runs the assessments in their order as a host does, which goes on after a failure. The last one is the one
-/// to explain.
+/// to explain. What it read is taken down inside the savepoint too, so that what another program enters
+/// meanwhile does not stand beside sums that lack it.
 Rerun Nachrechnen(const store::DatabasePtr& database, std::int32_t ID_TR,
                   const std::vector<Bewertungsauftrag>& auftraege, const std::vector<std::string>& spalten) {
     Rerun rerun;
@@ -93,19 +108,9 @@ Rerun Nachrechnen(const store::DatabasePtr& database, std::int32_t ID_TR,
             calc::Versuche([&] { Berechnung_WRRL(auftrag, gruppe, &rerun.Spur, &rerun.Indexspur); });
     }
     rerun.Neu = LiesZeilen(*database, ID_TR, auftraege.back().KAOnly, spalten);
+    rerun.Probe = calc::LiesProbe(*database, ID_TR);
+    rerun.Deckung = Gesamtdeckung(*database, ID_TR, auftraege.back().Liste.IstWRRLBerechnung);
     return rerun;
-}
-
-std::optional<calc::Gesamtdeckung> Gesamtdeckung(store::Database& database, std::int32_t ID_TR,
-                                                 bool IstWRRL) {
-    std::optional<calc::Gesamtdeckung> deckung;
-    const auto zeile = database.OpenRecordset(calc::abfragen::Teilraum(ID_TR));
-    if (!zeile->Eof()) {
-        const auto& wert = (*zeile)[IstWRRL ? "DG_Gesamt_WRRL" : "DG_Gesamt"];
-        if (!wert.IsNull()) deckung = calc::Gesamtdeckung{wert.R4()};
-    }
-    zeile->Close();
-    return deckung;
 }
 
 ExplainedAssessment Erklaere(const store::DatabasePtr& database, std::int32_t ID_TR,
@@ -121,9 +126,8 @@ ExplainedAssessment Erklaere(const store::DatabasePtr& database, std::int32_t ID
     bewertung.State = vergleich.State;
     bewertung.Columns = std::move(vergleich.Columns);
     if (!rerun.Spur.Skipped) {
-        const auto probe = calc::LiesProbe(*database, ID_TR);
         bewertung.Indices = calc::ErklaereIndizes(
-            rerun.Indexspur, {probe, IstWRRL, Gesamtdeckung(*database, ID_TR, IstWRRL),
+            rerun.Indexspur, {rerun.Probe, IstWRRL, rerun.Deckung,
                               rerun.Ausgang.Abbruch ? &*rerun.Ausgang.Abbruch : nullptr, auftrag.KAOnly});
         calc::TrageEin(bewertung.Indices, rerun.Neu.Indizes, gespeichert.Indizes);
     }

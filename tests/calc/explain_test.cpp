@@ -9,6 +9,7 @@
 #include "calc/Berechnung.h"
 #include "calc/Gueteklasse.h"
 #include "calc/Testdatenbank.h"
+#include "store/OpenConnection.h"
 #include "store/ThreadValues.h"
 
 namespace FX_Algen {
@@ -221,6 +222,20 @@ TEST_F(Erklaerung, ChangesNothing) {
     const auto mitNull = AlleTabellen(db);
     Explain(db.Datenbank(), TR);
     EXPECT_EQ(AlleTabellen(db), mitNull);
+}
+
+// Findings that are there during the rerun alone, as those of another program may be: 12 valves beside 8.
+TEST_F(Erklaerung, TellsTheFindingsThatTheRerunSaw) {
+    db.Art(9, {1, 1, 1, 1, 0, 0, "benthisch", 1}, 128);
+    db.Datenbank()->SharedConnection()->TheEngine().Run(
+        "CREATE TRIGGER Zwischenfund AFTER INSERT ON awaErgProjekt BEGIN INSERT INTO awaArtPrStelle (ID_PS, "
+        "ID_ART, Schalen_KA) VALUES (1, 9, 12); END;");
+    const auto explanation = Explain(db.Datenbank(), TR);
+    const auto& index = Index(explanation, "SapIndex_KA");
+    EXPECT_THAT(Posten(index), ElementsAre("KA 6", "KA 9"));
+    EXPECT_EQ(index.Terms[1].Finding.PSBez, "Stelle 1");
+    EXPECT_EQ(explanation.Schalen, 20);
+    EXPECT_EQ(explanation.Summe_KA, 20);
 }
 
 TEST_F(Erklaerung, SaysCurrentOutOfDateOrMissing) {

@@ -6,6 +6,7 @@
 #include "FX_Algen/Error.h"
 #include "calc/Berechnung.h"
 #include "calc/Gueteklasse.h"
+#include "store/OpenConnection.h"
 #include "store/ThreadValues.h"
 #include "wrrl/Auswertung.h"
 #include "wrrl/Projektdatenbank.h"
@@ -329,6 +330,20 @@ TEST_F(Bewertungserklaerung, OfAChangedFindingIsOutOfDate) {
                 testing::IsSupersetOf({"TI", "SI", "AbundanzRefart", "KASchalenzahl"}));
     EXPECT_EQ(Index(bewertung, "TI").Stored, store::Value(2.575F));
     EXPECT_EQ(Index(bewertung, "TI").Result, store::Value(2.45F));
+}
+
+// A finding that is there during the rerun alone, as one of another program may be.
+TEST_F(Bewertungserklaerung, TellsTheFindingsThatTheRerunSaw) {
+    Bewerte();
+    db.Datenbank()->SharedConnection()->TheEngine().Run(
+        "CREATE TRIGGER Zwischenfund AFTER INSERT ON awaErgProjekt BEGIN INSERT OR IGNORE INTO "
+        "awaArtPrStelle (ID_PS, ID_ART, CF, Schalen_KA) VALUES (5, 2, -1, 40); END;");
+    const auto bewertung = Erste();
+    std::vector<std::pair<std::int32_t, bool>> schalen;
+    for (const auto& posten : Index(bewertung, "TI_KA").Terms)
+        schalen.emplace_back(posten.Finding.ID_ART, posten.Finding.CF);
+    EXPECT_THAT(schalen,
+                testing::UnorderedElementsAre(std::pair(1, false), std::pair(2, false), std::pair(2, true)));
 }
 
 TEST_F(Bewertungserklaerung, OfChangedClassBoundsIsOutOfDate) {
