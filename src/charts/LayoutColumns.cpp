@@ -257,13 +257,7 @@ private:
 }  // namespace
 
 std::vector<Page> LayOutColumns(const Chart& chart, const FontMetrics& metrics, const PageSize& size) {
-    // Only a chart of several pages gives room away for their numbers.
-    Columns layout(chart, metrics, size, false);
-    if (layout.PageCount() == 1) return {layout.MakePage(0)};
-    const Columns numbered(chart, metrics, size, true);
-    std::vector<Page> pages;
-    for (std::size_t i = 0; i < numbered.PageCount(); ++i) pages.push_back(numbered.MakePage(i));
-    return pages;
+    return PagesOf<Columns>(chart, metrics, size);
 }
 
 }  // namespace FX_Algen::charts

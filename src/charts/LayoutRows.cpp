@@ -159,13 +159,7 @@ private:
 }  // namespace
 
 std::vector<Page> LayOutRows(const Chart& chart, const FontMetrics& metrics, const PageSize& size) {
-    // Only a chart of several pages gives room away for their numbers.
-    Rows layout(chart, metrics, size, false);
-    if (layout.PageCount() == 1) return {layout.MakePage(0)};
-    const Rows numbered(chart, metrics, size, true);
-    std::vector<Page> pages;
-    for (std::size_t i = 0; i < numbered.PageCount(); ++i) pages.push_back(numbered.MakePage(i));
-    return pages;
+    return PagesOf<Rows>(chart, metrics, size);
 }
 
 }  // namespace FX_Algen::charts

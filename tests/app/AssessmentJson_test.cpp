@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "app/AssessmentSample.h"
-#include "fxalgen/AssessmentText.h"
+#include "fxalgen/explain/AssessmentText.h"
 
 using namespace FX_Algen;
 using namespace FX_Algen::cli;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "fxalgen/AssessmentText.h"
+#include "fxalgen/explain/AssessmentText.h"
 
 namespace FX_Algen::cli {
 
@@ -19,7 +19,8 @@ inline ClassLookup Class(const char* table, float eqr, ClassBounds hit) {
 
 inline ClassLookup NoClass(const char* table, float eqr) {
     ClassLookup lookup;
-    lookup.Lookup = {table, {{"Taxagruppe", "Alle"}, {"TGZK", "mäßig"}, {"EQR", "1.03"}}, false, std::int16_t{-1}};
+    lookup.Lookup = {
+        table, {{"Taxagruppe", "Alle"}, {"TGZK", "mäßig"}, {"EQR", "1.03"}}, false, std::int16_t{-1}};
     lookup.EQR = eqr;
     return lookup;
 }

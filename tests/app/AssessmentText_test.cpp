@@ -1,4 +1,4 @@
-#include "fxalgen/AssessmentText.h"
+#include "fxalgen/explain/AssessmentText.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "fxalgen/AutomateRpc.h"
+#include "fxalgen/automate/AutomateRpc.h"
 
 #include <gmock/gmock.h>
 

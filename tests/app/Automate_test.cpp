@@ -1,4 +1,4 @@
-#include "fxalgen/Automate.h"
+#include "fxalgen/automate/Automate.h"
 
 #include <gmock/gmock.h>
 
@@ -8,7 +8,7 @@
 #include "Conversation.h"
 #include "FX_Algen/Display.h"
 #include "FX_Algen/Error.h"
-#include "fxalgen/AutomateTable.h"
+#include "fxalgen/automate/AutomateTable.h"
 #include "host/TestDatabase.h"
 
 namespace FX_Algen::cli {

@@ -3,7 +3,7 @@
 
 #include "FX_Algen/Assessment.h"
 #include "app/ChartFixture.h"
-#include "fxalgen/ChartList.h"
+#include "fxalgen/chart/ChartList.h"
 
 // The frequency list behind the dominance charts: how often it is made and of which scope, why it cannot be,
 // and what it does not hold.

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "app/BewertungFixture.h"
-#include "fxalgen/Charts.h"
+#include "fxalgen/chart/Charts.h"
 
 namespace FX_Algen::cli {
 

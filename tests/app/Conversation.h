@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "fxalgen/Automate.h"
-#include "fxalgen/AutomateObjects.h"
+#include "fxalgen/automate/Automate.h"
+#include "fxalgen/automate/AutomateObjects.h"
 
 namespace FX_Algen::cli {
 

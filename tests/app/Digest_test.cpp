@@ -1,4 +1,4 @@
-#include "fxalgen/Digest.h"
+#include "fxalgen/record/Digest.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "fxalgen/ExplanationText.h"
+#include "fxalgen/explain/ExplanationText.h"
 
 #include <gmock/gmock.h>
 

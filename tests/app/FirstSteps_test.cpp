@@ -5,7 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "app/CommandCall.h"
-#include "fxalgen/Charts.h"
+#include "fxalgen/chart/Charts.h"
 
 // The ways that the users' pages describe, in-process and with the program itself.
 

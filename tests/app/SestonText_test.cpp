@@ -1,4 +1,4 @@
-#include "fxalgen/SestonText.h"
+#include "fxalgen/explain/SestonText.h"
 
 #include <fstream>
 #include <iterator>
