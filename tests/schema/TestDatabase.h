@@ -16,13 +16,14 @@ namespace FX_Algen::store {
 /// A folder of a test's own that goes with it.
 class TestFolder {
 public:
-    /// `extra` tells the folders of one test apart.
-    explicit TestFolder(const std::string& extra = {}) {
+    /// `extra` tells the folders of one test apart; `base` is where the folder lies.
+    explicit TestFolder(const std::string& extra = {},
+                        const std::filesystem::path& base = testing::TempDir()) {
         const auto* info = testing::UnitTest::GetInstance()->current_test_info();
         std::string name = std::string(info->test_suite_name()) + "-" + info->name() + extra;
         for (char& c : name)
             if (c == '/') c = '-';
-        path_ = std::filesystem::path(testing::TempDir()) / ("fx_" + name + "-" + std::to_string(getpid()));
+        path_ = base / ("fx_" + name + "-" + std::to_string(getpid()));
         std::filesystem::remove_all(path_);
         std::filesystem::create_directories(path_);
     }

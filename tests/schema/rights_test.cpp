@@ -59,6 +59,10 @@ Error FailureOf(const auto& call) {
     return {0, "no failure"};
 }
 
+/// The system's temporary folder, into which every user gets: the source tree may lie in the home of the
+/// administrator, where an ordinary user finds no file at all.
+std::filesystem::path ForAll() { return std::filesystem::temp_directory_path(); }
+
 std::string NewProject(const TestFolder& folder) {
     const std::string path = folder.File("Flüsse 50% #1?.db");
     CreateDatabase(path, DatabaseKind::Project);
@@ -67,11 +71,10 @@ std::string NewProject(const TestFolder& folder) {
 }
 
 TEST(ReadOnlyFolder, ADatabaseInItIsReadAndDumpedAndNotWritten) {
-    const TestFolder folder;
+    const TestFolder folder({}, ForAll());
     const TestFolder* where = &folder;
     const std::string path = NewProject(folder);
-    const std::string out =
-        std::filesystem::path(testing::TempDir()) / ("fx_aus-" + std::to_string(getpid()));
+    const std::string out = ForAll() / ("fx_aus-" + std::to_string(getpid()));
     std::filesystem::create_directory(out);
     std::filesystem::permissions(out, Open);
     {
@@ -92,7 +95,7 @@ TEST(ReadOnlyFolder, ADatabaseInItIsReadAndDumpedAndNotWritten) {
 }
 
 TEST(ReadOnlyFolder, WhatAnotherProgramHasNotYetWrittenBackIsNotOverlooked) {
-    const TestFolder folder;
+    const TestFolder folder({}, ForAll());
     const std::string path = NewProject(folder);
     const auto other = OpenEngine(path, false);
     other->Run("UPDATE Projekt SET PRJBez='Au'");  // stands in the -wal
@@ -108,7 +111,7 @@ TEST(ReadOnlyFolder, WhatAnotherProgramHasNotYetWrittenBackIsNotOverlooked) {
 }
 
 TEST(Rights, EachFailureHasItsNumber) {
-    const TestFolder folder;
+    const TestFolder folder({}, ForAll());
     const std::string path = NewProject(folder);
     const std::string closed = folder.File("zu");
     std::filesystem::create_directory(closed);
@@ -122,7 +125,7 @@ TEST(Rights, EachFailureHasItsNumber) {
 }
 
 TEST(Rights, AFolderUnderTheNameOfAFileFailsTheDump) {
-    const TestFolder folder;
+    const TestFolder folder({}, ForAll());
     const std::string path = NewProject(folder);
     std::filesystem::create_directories(folder.File("aus/awaArt.csv"));
     const Error error = FailureOf([&] { Dump(path, folder.File("aus")); });
