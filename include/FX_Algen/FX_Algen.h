@@ -15,6 +15,8 @@
 #include "FX_Algen/Error.h"
 #include "FX_Algen/Explain.h"
 #include "FX_Algen/ExplainSeston.h"
+#include "FX_Algen/Forms.h"
+#include "FX_Algen/Import.h"
 #include "FX_Algen/Load.h"
 #include "FX_Algen/Messages.h"
 #include "FX_Algen/Runden.h"

@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <typeindex>
 
 #include "FX_Algen/Messages.h"
 
@@ -24,6 +25,18 @@ struct ThreadValues {
     std::shared_ptr<Messages> Port;
     /// Open databases by their canonical path, for as long as a handle keeps them.
     std::map<std::string, std::weak_ptr<Connection>> Connections;
+
+    /// What a layer above keeps once for each host thread, such as the open forms: one value of each type,
+    /// made at first use.
+    template <class T>
+    T& Part() {
+        auto& part = parts_[typeid(T)];
+        if (!part) part = std::make_shared<T>();
+        return *static_cast<T*>(part.get());
+    }
+
+private:
+    std::map<std::type_index, std::shared_ptr<void>> parts_;
 };
 
 /// The calling thread's values.

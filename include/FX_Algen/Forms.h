@@ -1,0 +1,127 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+/// Forms without a toolkit, as a host, a script or a test sees them: what is open, what it shows, and what a
+/// person could do to it. Everything works on the forms of the calling thread.
+namespace FX_Algen {
+
+/// An open form.
+struct OpenForm {
+    std::string Name;     ///< such as "frmProbenstelle"
+    std::string Caption;  ///< title of the window
+    bool Visible = false;
+    std::optional<std::string>
+        Parent;               ///< the form whose child it is; none where it stands in the host's window
+    std::int32_t Window = 0;  ///< number of its window as the display port issued it; 0 = not shown yet
+};
+
+/// A cell of a grid.
+struct CellState {
+    std::string Text;                     ///< empty for a check cell
+    std::optional<bool> Checked;          ///< check cells only
+    std::optional<std::uint32_t> Colour;  ///< background as 0xRRGGBB; none = the grid's own
+};
+
+/// What a grid shows. Rows and columns count from 0, fixed ones included.
+struct GridState {
+    int Rows = 0, Cols = 0, FixedRows = 0, FixedCols = 0;
+    int Row = 0, Col = 0;  ///< the cursor; -1 = none
+    int TopRow = 0;        ///< the first row in view below the fixed ones
+    bool Editable = false;
+    int FirstRow = 0;                           ///< row of `Cells[0]`
+    std::vector<std::vector<CellState>> Cells;  ///< the rows asked for, all columns
+    std::vector<int> HiddenRows, HiddenCols;
+    std::vector<int> RuledRows;  ///< rows with a rule above them
+};
+
+/// What a list shows.
+struct ListState {
+    std::vector<std::string> Entries;
+    int Index = -1;  ///< -1 = nothing chosen
+};
+
+/// A tab, a button of a toolbar or a head of a list view.
+struct PartState {
+    std::string Caption;
+    std::string ToolTipText;
+    bool Enabled = true;
+};
+
+/// What a control shows.
+struct ControlState {
+    std::string Name;  ///< a member of an array as "cmdPrStelle(4)"
+    std::string Kind;  ///< "TextBox", "CommandButton", "Grid", ...
+    std::string Caption;
+    std::string ToolTipText;
+    bool Enabled = true, Visible = true;  ///< visible: itself and all that it stands in
+    bool Locked = false;                  ///< shown, not to be changed; not the same as disabled
+    std::optional<std::string> Text;      ///< text boxes and combos
+    std::optional<bool> Value;            ///< check boxes, option buttons and menus: checked or not
+    std::optional<GridState> Grid;
+    std::optional<ListState> List;       ///< combos and lists
+    std::vector<PartState> Parts;        ///< tabs, toolbar positions (from 1; separators count), heads
+    std::optional<int> Tab;              ///< tab controls: the tab in front, from 0
+    std::optional<std::int32_t> Scroll;  ///< scroll bars: the position
+};
+
+/// What a form shows.
+struct FormState {
+    OpenForm Form;
+    std::optional<std::string> Focus;  ///< the control that has it
+    std::vector<ControlState> Controls;
+};
+
+/// What a person does to a form. Which of the values an action needs stands with `ActOnForm`.
+struct FormAction {
+    std::string Control;  ///< name; empty for an action on the form as a whole
+    std::string Action;
+    std::optional<std::string> Text;
+    std::optional<bool> Value;
+    std::optional<int> Row, Col, Index, Position;
+    bool Shift = false, Ctrl = false, Alt = false;
+};
+
+/// Whether the form took what a person did. A disabled button, a locked field, a hidden control take nothing,
+/// and so does any control while a handler still runs; that is no failure.
+struct ActionResult {
+    bool Taken = true;
+    std::string Reason;  ///< English, why not; empty where it was taken
+};
+
+/// The open forms, in the order in which they were loaded.
+std::vector<OpenForm> OpenForms();
+
+/// What the form shows, of grids only the rows from `rows->first` to `rows->second`, both included, where
+/// given. 13 where no form of that name is open or the rows are no range.
+FormState ReadForm(const std::string& form, std::optional<std::pair<int, int>> rows = std::nullopt);
+
+/// Does to a form what a person would do, with all that follows from it:
+///
+/// | Action | On | Needs | Does |
+/// |---|---|---|---|
+/// | `click` | any control | grids: `Row`, `Col`; lists: `Index` | clicks it; leaves the focused field first
+/// | | `dblclick` | grids, lists, buttons | as click | | | `set` | text boxes, combos | `Text` | replaces the
+/// whole text | | | check boxes, option buttons | `Value` | checks or clears it | | | combos, lists | `Text`
+/// or `Index` | chooses the entry | | `type` | text boxes, combos, an open cell of a grid | `Text` | types it
+/// character by character, in place of what is selected | | `cell` | grids | `Row`, `Col`, `Text` or `Value`
+/// | goes to the cell, opens it, writes, ends the edit | | `select` | grids | `Row`, `Col` | moves the cursor
+/// | | | lists | `Index` | chooses the entry | | `enter` | any control | | gives it the focus, which leaves
+/// the former one | | `leave` | any control | | takes the focus away, as going to another place does | |
+/// `tab` | tab controls | `Index` | brings a tab to the front | | `toolbar` | toolbars | `Position` | presses
+/// the button | | `menu` | menus | | chooses the entry | | `key` | any control; none: the focused one |
+/// `Text`, `Shift`, `Ctrl`, `Alt` | presses a key: "Enter", "Escape", "Tab", "Space", "Delete", "Insert",
+/// "Backspace", "Up", "Down", "Left", "Right", "Home", "End", "PageUp", "PageDown", "F1" to "F12", or a
+/// character | | `scroll` | scroll bars, grids | `Position` | scrolls to it | | `activate`, `deactivate` |
+/// the form | | comes to the front; goes behind another window, which leaves the row | | `close` | the form |
+/// | closes the window as its own button does |
+///
+/// Failures of the store inside the form show as a box, as they do for a person. 13 with a text that says
+/// what is wrong where form, control or action are not there or a needed value is missing.
+ActionResult ActOnForm(const std::string& form, const FormAction& action);
+
+}  // namespace FX_Algen

@@ -1,0 +1,190 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "controls/Control.h"
+
+namespace FX_Algen::controls {
+
+/// How the cells of a column are shown and edited.
+enum class CellKind : std::uint8_t {
+    Text,
+    Number,  ///< text that shows a number: aligned right
+    Check,   ///< a check mark; `Checked` in place of the text
+};
+
+/// An entry of a coded list: the cell holds the code and shows the text. In a plain list both are the same.
+struct ListEntry {
+    std::string Code;
+    std::string Text;
+    friend bool operator==(const ListEntry&, const ListEntry&) = default;
+};
+
+/// Reads the written form of a list: "#1;erste|#2;zweite" is coded, "eins|zwei" is plain.
+std::vector<ListEntry> ReadList(std::string_view written);
+
+/// Who may open cells for editing.
+enum class Editing : std::uint8_t { None, KeyboardAndMouse };
+
+/// A table of cells with fixed rows and columns, a cursor, and in-cell editing. Rows and columns count from
+/// 0, fixed ones included; a cursor of -1 stands nowhere. A row or column past the end fails with 381.
+///
+/// An edit runs so: `OnBeforeEdit` may refuse to open the cell; the person types into the open cell
+/// (`EditText`); `OnValidateEdit` may refuse the new text, and then the cell keeps its old one and the cursor
+/// stays; else the cell takes the text and `OnAfterEdit` follows. A check cell opens, flips and closes in one
+/// go, through the same events. Before the cursor goes to another row, and when the grid is left, an open
+/// edit ends and `OnBeforeRowLeave` may keep the cursor in its row.
+class Grid : public Control {
+public:
+    Grid(Form& owner, std::string name) : Control(owner, Kind::Grid, std::move(name)) {}
+
+    // -- shape
+    int Rows() const noexcept { return static_cast<int>(rows_.size()); }
+    int Cols() const noexcept { return static_cast<int>(cols_.size()); }
+    /// Cells that stay keep what they hold; new ones are empty. The cursor is kept within.
+    void Rows(int count);
+    void Cols(int count);
+    int FixedRows() const noexcept { return fixedRows_; }
+    int FixedCols() const noexcept { return fixedCols_; }
+    void Fixed(int rows, int cols);
+    /// Adds a row at the end and answers its number.
+    int AddRow();
+    void RemoveRow(int row);
+    /// Empties all cells; columns keep their definitions, rows are neither hidden nor ruled any more.
+    void ClearCells();
+
+    // -- columns
+    /// Width in twentieths of a point; 1 and less hides the column.
+    int ColWidth(int col) const;
+    void ColWidth(int col, int width);
+    bool ColHidden(int col) const { return ColWidth(col) <= 1; }
+    CellKind ColKind(int col) const;
+    void ColKind(int col, CellKind kind);
+    /// The entries to choose from in the cells of a column; none = free text.
+    const std::vector<ListEntry>& ColList(int col) const;
+    void ColList(int col, std::vector<ListEntry> entries);
+
+    // -- rows
+    bool RowHidden(int row) const;
+    void RowHidden(int row, bool hidden);
+    /// A rule above the row, in its colour.
+    const std::optional<Colour>& RowRule(int row) const;
+    void RowRule(int row, std::optional<Colour> colour);
+
+    // -- cells
+    /// What the cell holds; of a coded list the code.
+    const std::string& Text(int row, int col) const;
+    void Text(int row, int col, std::string text);
+    /// What the cell shows: of a coded list the text of the code, the code itself where the list lacks it.
+    const std::string& Shown(int row, int col) const;
+    bool Checked(int row, int col) const;
+    void Checked(int row, int col, bool on);
+    const std::optional<Colour>& CellColor(int row, int col) const;
+    void CellColor(int row, int col, std::optional<Colour> colour);
+    /// The number in a cell, comma or point as decimal mark; none where it is not a number.
+    std::optional<double> Number(int row, int col) const;
+
+    // -- cursor
+    int Row() const noexcept { return row_; }
+    int Col() const noexcept { return col_; }
+    /// Moves the cursor without asking anyone; `OnRowColChange` follows.
+    void Select(int row, int col);
+    int TopRow() const noexcept { return topRow_; }
+    void TopRow(int row);
+
+    // -- editing
+    Editing Editable() const noexcept { return editable_; }
+    void Editable(Editing editable) { Set(editable_, editable); }
+    bool IsEditing() const noexcept { return edit_.has_value(); }
+    const std::string& EditText() const;  ///< of the open cell; 13 where none is open
+
+    // -- events; row and column of the cell in question
+    std::function<bool(int row, int col)> OnBeforeEdit;                             ///< false: does not open
+    std::function<bool(int row, int col, const std::string& text)> OnValidateEdit;  ///< false: old text stays
+    std::function<void(int row, int col)> OnAfterEdit;
+    std::function<bool(int row)> OnBeforeRowLeave;  ///< false: cursor stays
+    std::function<void()> OnRowColChange;
+    std::function<void(int row, int col)> OnCellClick;
+    std::function<void(int row, int col)> OnCellDblClick;
+
+    /// What the data source that the grid is bound to needs to hear. Its `AfterEdit` runs before
+    /// `OnAfterEdit`, its `BeforeRowLeave` after `OnBeforeRowLeave` let go, its `RowEntered` before
+    /// `OnRowColChange`.
+    struct SourceHooks {
+        std::function<void(int row, int col)> AfterEdit;
+        std::function<bool(int row)> BeforeRowLeave;
+        std::function<void(int row)> RowEntered;
+    };
+    void Hooks(SourceHooks hooks) { hooks_ = std::move(hooks); }
+
+    // -- what a person does; `Input` calls these, after it minded focus and locks. Each answers whether it
+    // was done.
+    /// Moves the cursor as a person does: ends an open edit, asks `OnBeforeRowLeave` where the row changes.
+    bool GoTo(int row, int col);
+    /// Opens the cell under the cursor; its text is selected. Check cells do not stay open.
+    bool StartEdit();
+    void EditText(std::string text);  ///< what the person has typed so far
+    bool FinishEdit();                ///< true where none was open
+    void CancelEdit();                ///< the old text returns
+    /// Flips the check cell, through the same events as an edit.
+    bool Toggle(int row, int col);
+    /// Ends an open edit and asks `OnBeforeRowLeave`: what leaving the grid, a command or the end of the
+    /// window does.
+    bool LeaveRow();
+    /// The next visible column that is not fixed, from the cursor, with `step` 1 or -1; goes on in the next
+    /// row at the end of one. None at the end of the grid.
+    std::optional<std::pair<int, int>> Neighbour(int step) const;
+
+    /// While one lives, observers hear of the grid once, at the end: for filling it.
+    class Filling {
+    public:
+        explicit Filling(Grid& grid);
+        ~Filling();
+        Filling(const Filling&) = delete;
+        Filling& operator=(const Filling&) = delete;
+
+    private:
+        Grid& grid_;
+    };
+
+private:
+    struct Cell {
+        std::string Text;
+        bool Checked = false;
+        std::optional<Colour> Back;
+    };
+    struct RowData {
+        std::vector<Cell> Cells;
+        bool Hidden = false;
+        std::optional<Colour> Rule;
+    };
+    struct ColData {
+        int Width = 1000;
+        CellKind Kind = CellKind::Text;
+        std::vector<ListEntry> List;
+    };
+    struct OpenCell {
+        int Row, Col;
+        std::string Text;
+    };
+    Cell& At(int row, int col);
+    const Cell& At(int row, int col) const;
+    void TellCell(int row, int col);
+    void TellAll();
+
+    std::vector<RowData> rows_;
+    std::vector<ColData> cols_;
+    int fixedRows_ = 1, fixedCols_ = 1;
+    int row_ = -1, col_ = -1, topRow_ = 0;
+    Editing editable_ = Editing::None;
+    std::optional<OpenCell> edit_;
+    SourceHooks hooks_;
+    int filling_ = 0;
+    bool ending_ = false;  ///< an edit is about to end: its handlers must not end it again
+};
+
+}  // namespace FX_Algen::controls
