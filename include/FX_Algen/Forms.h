@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "FX_Algen/Store.h"
+
 /// Forms without a toolkit, as a host, a script or a test sees them: what is open, what it shows, and what a
 /// person could do to it. Everything works on the forms of the calling thread.
 namespace FX_Algen {
@@ -33,7 +35,8 @@ struct GridState {
     int Row = 0, Col = 0;  ///< the cursor; -1 = none
     int TopRow = 0;        ///< the first row in view below the fixed ones
     bool Editable = false;
-    int FirstRow = 0;                           ///< row of `Cells[0]`
+    std::optional<std::string> EditText;  ///< what stands in the open cell at the cursor; none = none is open
+    int FirstRow = 0;                     ///< row of `Cells[0]`
     std::vector<std::vector<CellState>> Cells;  ///< the rows asked for, all columns
     std::vector<int> HiddenRows, HiddenCols;
     std::vector<int> RuledRows;  ///< rows with a rule above them
@@ -63,7 +66,7 @@ struct ControlState {
     std::optional<std::string> Text;      ///< text boxes and combos
     std::optional<bool> Value;            ///< check boxes, option buttons and menus: checked or not
     std::optional<GridState> Grid;
-    std::optional<ListState> List;       ///< combos and lists
+    std::optional<ListState> List;       ///< combos and lists; of a list view its cells, joined by tabs
     std::vector<PartState> Parts;        ///< tabs, toolbar positions (from 1; separators count), heads
     std::optional<int> Tab;              ///< tab controls: the tab in front, from 0
     std::optional<std::int32_t> Scroll;  ///< scroll bars: the position
@@ -100,28 +103,45 @@ std::vector<OpenForm> OpenForms();
 /// given. 13 where no form of that name is open or the rows are no range.
 FormState ReadForm(const std::string& form, std::optional<std::pair<int, int>> rows = std::nullopt);
 
-/// Does to a form what a person would do, with all that follows from it:
+/// Does to a form what a person would do, with all that follows from it. The actions, what they are done to,
+/// and which values they need:
 ///
-/// | Action | On | Needs | Does |
-/// |---|---|---|---|
-/// | `click` | any control | grids: `Row`, `Col`; lists: `Index` | clicks it; leaves the focused field first
-/// | | `dblclick` | grids, lists, buttons | as click | | | `set` | text boxes, combos | `Text` | replaces the
-/// whole text | | | check boxes, option buttons | `Value` | checks or clears it | | | combos, lists | `Text`
-/// or `Index` | chooses the entry | | `type` | text boxes, combos, an open cell of a grid | `Text` | types it
-/// character by character, in place of what is selected | | `cell` | grids | `Row`, `Col`, `Text` or `Value`
-/// | goes to the cell, opens it, writes, ends the edit | | `select` | grids | `Row`, `Col` | moves the cursor
-/// | | | lists | `Index` | chooses the entry | | `enter` | any control | | gives it the focus, which leaves
-/// the former one | | `leave` | any control | | takes the focus away, as going to another place does | |
-/// `tab` | tab controls | `Index` | brings a tab to the front | | `toolbar` | toolbars | `Position` | presses
-/// the button | | `menu` | menus | | chooses the entry | | `key` | any control; none: the focused one |
-/// `Text`, `Shift`, `Ctrl`, `Alt` | presses a key: "Enter", "Escape", "Tab", "Space", "Delete", "Insert",
-/// "Backspace", "Up", "Down", "Left", "Right", "Home", "End", "PageUp", "PageDown", "F1" to "F12", or a
-/// character | | `scroll` | scroll bars, grids | `Position` | scrolls to it | | `activate`, `deactivate` |
-/// the form | | comes to the front; goes behind another window, which leaves the row | | `close` | the form |
-/// | closes the window as its own button does |
+/// - `click` on any control; grids need `Row` and `Col`, list boxes and list views `Index`. Leaves the field
+///   that has the focus first. A menu is chosen by it, a check box flips.
+/// - `dblclick`, the same twice.
+/// - `set` on text boxes: the whole text is replaced by `Text`. On check boxes and option buttons: `Value`.
+///   On lists: the entry with the `Index` or else the one that reads `Text`. On combos: the entry with the
+///   `Index`, or `Text` as typed.
+/// - `type` on text boxes, combos and the open cell of a grid: `Text` character by character, in place of
+///   what is selected.
+/// - `cell` on grids: goes to `Row` and `Col`, opens the cell, writes `Text`, of a check cell `Value`, and
+///   ends the edit.
+/// - `select` on grids: the cursor goes to `Row` and `Col`. On lists and combos: the entry with the `Index`.
+/// - `enter` on any control: gives it the focus, which leaves the former one.
+/// - `leave` on the control that has the focus, or on none: takes the focus away, as going to another place
+///   does.
+/// - `tab` on tab controls: brings the one with the `Index` to the front.
+/// - `toolbar` on toolbars: presses the button at `Position`, from 1.
+/// - `menu` on menus: chooses the entry.
+/// - `key` on any control, on none for the focused one: presses the key in `Text`, with `Shift`, `Ctrl` and
+///   `Alt`: "Enter", "Escape", "Tab", "Space", "Delete", "Insert", "Backspace", "Up", "Down", "Left",
+///   "Right", "Home", "End", "PageUp", "PageDown", "F1" to "F12", or a character.
+/// - `scroll` on scroll bars and grids: scrolls to `Position`, a value or a row.
+/// - `activate`, `deactivate`, `close` on the form as a whole: it comes to the front; goes behind another
+///   window, which leaves the row; is closed as by its own button.
 ///
-/// Failures of the store inside the form show as a box, as they do for a person. 13 with a text that says
-/// what is wrong where form, control or action are not there or a needed value is missing.
+/// Cells, entries, tabs and buttons that are not there take nothing, as there is nothing that a person could
+/// hit. Failures of the store inside the form show as a box, as they do for a person. 13 with a text that
+/// says what is wrong where form or control are not there, the action is none for the control, or a value
+/// that it needs is missing.
 ActionResult ActOnForm(const std::string& form, const FormAction& action);
+
+/// Has the open forms save and close: those that work on the database, with their children; all of them where
+/// none is given. Where a row cannot be saved, its form asks whether to end without it. Answers the names of
+/// those that stay open.
+std::vector<std::string> CloseForms(const store::DatabasePtr& database = nullptr);
+
+/// Ends all open forms. What was not saved before is lost.
+void DiscardForms();
 
 }  // namespace FX_Algen

@@ -10,6 +10,10 @@
 #include "FX_Algen/Messages.h"
 #include "controls/Control.h"
 
+namespace FX_Algen::store {
+class Database;
+}  // namespace FX_Algen::store
+
 namespace FX_Algen::controls {
 
 class DataSource;
@@ -84,6 +88,9 @@ public:
     void SetFocus(Control& control);
 
     // -- rows
+    /// The handle of the database that the form works on; none where it uses none. Before a host closes that
+    /// database the form is asked to save and end.
+    virtual std::shared_ptr<store::Database> WorksOn() const { return nullptr; }
     /// Leaves all rows: open edits, rows of grids, rows of data sources. True where nothing is left unsaved.
     /// Failures are shown by `Failure`. Deactivating the window, commands and operations that a host starts
     /// call this.
