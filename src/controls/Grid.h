@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -24,7 +26,8 @@ struct ListEntry {
     friend bool operator==(const ListEntry&, const ListEntry&) = default;
 };
 
-/// Reads the written form of a list: "#1;erste|#2;zweite" is coded, "eins|zwei" is plain.
+/// Reads the written form of a list: "#1;erste|#2;zweite" is coded, "eins|zwei" is plain. A "|" at the end
+/// begins no further entry.
 std::vector<ListEntry> ReadList(std::string_view written);
 
 /// Who may open cells for editing.
@@ -34,10 +37,16 @@ enum class Editing : std::uint8_t { None, KeyboardAndMouse };
 /// 0, fixed ones included; a cursor of -1 stands nowhere. A row or column past the end fails with 381.
 ///
 /// An edit runs so: `OnBeforeEdit` may refuse to open the cell; the person types into the open cell
-/// (`EditText`); `OnValidateEdit` may refuse the new text, and then the cell keeps its old one and the cursor
-/// stays; else the cell takes the text and `OnAfterEdit` follows. A check cell opens, flips and closes in one
-/// go, through the same events. Before the cursor goes to another row, and when the grid is left, an open
-/// edit ends and `OnBeforeRowLeave` may keep the cursor in its row.
+/// (`EditText`); `OnValidateEdit` may refuse the new text, and then the cell closes with its old one and the
+/// cursor stays; else the cell takes the text and `OnAfterEdit` follows. An edit that ends with the text that
+/// it began with closes without these two: going through a cell changes nothing. A check cell opens, flips
+/// and closes in one go, through the same events. Before the cursor goes to another row, and when the grid is
+/// left, an open edit ends and `OnBeforeRowLeave` may keep the cursor in its row.
+///
+/// In a column with a list the open cell holds what is shown; a text that is no entry of the list is refused.
+///
+/// A failure in a handler goes to the caller and loses nothing typed: while the new text is being validated
+/// the cell stays open with it, after that the cell holds it. What leaves the row keeps the cursor there.
 class Grid : public Control {
 public:
     Grid(Form& owner, std::string name) : Control(owner, Kind::Grid, std::move(name)) {}
@@ -45,7 +54,9 @@ public:
     // -- shape
     int Rows() const noexcept { return static_cast<int>(rows_.size()); }
     int Cols() const noexcept { return static_cast<int>(cols_.size()); }
-    /// Cells that stay keep what they hold; new ones are empty. The cursor is kept within.
+    /// Cells that stay keep what they hold; new ones are empty. A cursor whose row goes stands in the last
+    /// visible row that is left below the fixed ones, nowhere where there is none; likewise for columns. An
+    /// edit whose cell goes ends without taking its text over.
     void Rows(int count);
     void Cols(int count);
     int FixedRows() const noexcept { return fixedRows_; }
@@ -53,8 +64,10 @@ public:
     void Fixed(int rows, int cols);
     /// Adds a row at the end and answers its number.
     int AddRow();
+    /// The cursor stays in its row, and where that one goes, in the one that takes its place.
     void RemoveRow(int row);
-    /// Empties all cells; columns keep their definitions, rows are neither hidden nor ruled any more.
+    /// Ends an edit without taking its text over. Empties all cells; columns keep their definitions, rows are
+    /// neither hidden nor ruled any more.
     void ClearCells();
 
     // -- columns
@@ -91,7 +104,8 @@ public:
     // -- cursor
     int Row() const noexcept { return row_; }
     int Col() const noexcept { return col_; }
-    /// Moves the cursor without asking anyone; `OnRowColChange` follows.
+    /// Moves the cursor without asking anyone, to hidden and fixed cells too, and to -1, -1; `OnRowColChange`
+    /// follows where it moved. An edit in another cell ends without taking its text over.
     void Select(int row, int col);
     int TopRow() const noexcept { return topRow_; }
     void TopRow(int row);
@@ -102,7 +116,8 @@ public:
     bool IsEditing() const noexcept { return edit_.has_value(); }
     const std::string& EditText() const;  ///< of the open cell; 13 where none is open
 
-    // -- events; row and column of the cell in question
+    // -- events; row and column of the cell in question. A new text is what the cell is to hold: the code of
+    // a coded list, "-1" or "0" for a check cell.
     std::function<bool(int row, int col)> OnBeforeEdit;                             ///< false: does not open
     std::function<bool(int row, int col, const std::string& text)> OnValidateEdit;  ///< false: old text stays
     std::function<void(int row, int col)> OnAfterEdit;
@@ -124,22 +139,25 @@ public:
     // -- what a person does; `Input` calls these, after it minded focus and locks. Each answers whether it
     // was done.
     /// Moves the cursor as a person does: ends an open edit, asks `OnBeforeRowLeave` where the row changes.
+    /// Not done for a fixed or hidden cell.
     bool GoTo(int row, int col);
-    /// Opens the cell under the cursor; its text is selected. Check cells do not stay open.
+    /// Opens the cell under the cursor; its text is selected. True where it is open already; not done for a
+    /// check cell.
     bool StartEdit();
     void EditText(std::string text);  ///< what the person has typed so far
-    bool FinishEdit();                ///< true where none was open
+    bool FinishEdit();                ///< true where none was open; not done while that edit is validated
     void CancelEdit();                ///< the old text returns
-    /// Flips the check cell, through the same events as an edit.
+    /// Goes to the check cell and flips it, through the same events as an edit.
     bool Toggle(int row, int col);
     /// Ends an open edit and asks `OnBeforeRowLeave`: what leaving the grid, a command or the end of the
-    /// window does.
+    /// window does. Not done while the row is being left already.
     bool LeaveRow();
     /// The next visible column that is not fixed, from the cursor, with `step` 1 or -1; goes on in the next
     /// row at the end of one. None at the end of the grid.
     std::optional<std::pair<int, int>> Neighbour(int step) const;
 
-    /// While one lives, observers hear of the grid once, at the end: for filling it.
+    /// While one lives, observers hear nothing of cells, shape and cursor; at the end they hear once that the
+    /// grid changed as a whole.
     class Filling {
     public:
         explicit Filling(Grid& grid);
@@ -173,7 +191,22 @@ private:
     };
     Cell& At(int row, int col);
     const Cell& At(int row, int col) const;
+    RowData& RowAt(int row);
+    const RowData& RowAt(int row) const;
+    ColData& ColAt(int col);
+    const ColData& ColAt(int col) const;
+    bool Has(int row, int col) const noexcept;
+    /// Whether a person can bring the cursor there.
+    bool CanStand(int row, int col) const noexcept;
+    bool MayOpen(int row, int col) const;
+    std::optional<std::string> Held(int col, const std::string& typed) const;
+    bool Accepts(const std::string& text);
+    void Edited(int row, int col);
+    bool AskToLeave();
+    void Place(int row, int col, bool otherRow = false);
+    void KeepWithin(bool otherRow);
     void TellCell(int row, int col);
+    void TellCursor();
     void TellAll();
 
     std::vector<RowData> rows_;
@@ -184,7 +217,8 @@ private:
     std::optional<OpenCell> edit_;
     SourceHooks hooks_;
     int filling_ = 0;
-    bool ending_ = false;  ///< an edit is about to end: its handlers must not end it again
+    bool ending_ = false;   ///< an edit is about to end: its handlers must not end it again
+    bool leaving_ = false;  ///< the row is being left: its handlers must not leave it again
 };
 
 }  // namespace FX_Algen::controls
