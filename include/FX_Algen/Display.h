@@ -43,32 +43,40 @@ private:
 
 /// The display that serves where no host installed one, and for scripts: it shows nothing, records what would
 /// have been shown, and answers from a list given beforehand (`store::RecordingMessages`). A question for a
-/// file takes the next answer as the path; without one it is cancelled.
+/// file takes the next answer as the path; without one, and with one of the words that answer a box ("Yes",
+/// "No", "OK", "Cancel"), it is cancelled.
 class RecordingDisplay : public Display {
 public:
+    RecordingDisplay();
+    /// Records into `messages`, which may be read by others too.
+    explicit RecordingDisplay(std::shared_ptr<store::RecordingMessages> messages);
+
     store::Answer Box(std::string_view title, std::string_view text, store::Buttons buttons,
                       store::Symbol symbol) override;
     void Busy(bool on) override;
-    void ProgressShow(std::int32_t, float, float, float, float) override {}
-    void ProgressDraw(std::int16_t, std::string_view) override {}
-    void ProgressHide(std::int32_t) override {}
+    void ProgressShow(std::int32_t hostWindow, float left, float top, float width, float height) override;
+    void ProgressDraw(std::int16_t percent, std::string_view text) override;
+    void ProgressHide(std::int32_t hostWindow) override;
     std::optional<std::string> OpenFile(std::string_view title, std::string_view filter) override;
     std::optional<std::string> SaveFile(std::string_view title, std::string_view filter) override;
     void OpenWithSystem(std::string_view path) override;
 
     /// What was shown, and the answers to come.
-    store::RecordingMessages& Messages() noexcept { return messages_; }
+    store::RecordingMessages& Messages() noexcept { return *messages_; }
 
 private:
-    store::RecordingMessages messages_;
+    std::optional<std::string> AskForFile(std::string_view title, std::string_view filter);
+
+    std::shared_ptr<store::RecordingMessages> messages_;
 };
 
 }  // namespace controls
 
 /// Installs the port through which the module reaches a person, for the calling thread, and returns the
-/// former one. Without a call, or with none given, a `controls::RecordingDisplay` serves: it shows nothing,
-/// keeps what would have been shown, and gives the safest answers. A port that is no `controls::Display` gets
-/// boxes, busy pointer and progress; forms then work without windows.
+/// former one. Without a call, or with none given, a recording one serves: it shows nothing, keeps what would
+/// have been shown, and gives the safest answers. A port that is no `controls::Display` gets boxes, busy
+/// pointer and progress; forms then work without windows, and questions for files are cancelled
+/// (`store::RecordingMessages` keeps and answers these too).
 ///
 /// A host that runs without a person leaves it at that, or installs a `RecordingDisplay` of its own to
 /// read the boxes and to give answers beforehand.

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -33,13 +34,18 @@ public:
     virtual void ProgressHide(std::int32_t hostWindow) = 0;
 };
 
-/// One box as it was shown.
+/// One box as it was shown, or another thing that was asked of a person.
 struct ShownBox {
     std::string Title;
     std::string Text;
     Buttons ButtonsShown = Buttons::Ok;
     Symbol SymbolShown = Symbol::None;
     Answer Given = Answer::Ok;
+    /// "message" (a box with OK alone), "question", "file" (a path is asked for), "open" (a file was handed
+    /// to the system's program).
+    std::string Kind = "message";
+    /// The answer as a word, or the path that was given for a file.
+    std::string GivenText = "OK";
 };
 
 /// The port that serves where no host installed one: it records what was shown, the last `Limit` boxes,
@@ -59,6 +65,10 @@ public:
     void SetAnswers(const std::vector<Answer>& answers);
     /// The same as words, "Yes", "No", "OK", "Cancel", or any other text for what asks for a text.
     void SetAnswerTexts(std::vector<std::string> answers) { answers_ = std::move(answers); }
+    /// The next answer as a text, which is used up; none where none is left.
+    std::optional<std::string> TakeAnswer();
+    /// Adds what another part of a display was asked, in its order among the boxes.
+    void Record(ShownBox shown);
     /// What was shown since the last call.
     std::vector<ShownBox> TakeShown();
     bool IsBusy() const noexcept { return busy_; }

@@ -120,8 +120,22 @@ protected:
     }
     /// Tells the form's observers that this control shows something else.
     void Tell();
+    /// Calls `OnClick`. What the handler itself chooses in this control does not call it again.
+    void Clicked();
+    /// Marks that a handler runs, so that what it changes does not call it again.
+    class Once {
+    public:
+        explicit Once(bool& running) noexcept : running_(running) { running_ = true; }
+        ~Once() { running_ = false; }
+        Once(const Once&) = delete;
+        Once& operator=(const Once&) = delete;
+
+    private:
+        bool& running_;
+    };
 
 private:
+    friend class Input;
     friend class TabControl;  // hides what stands on its other tabs
     Form& owner_;
     enum Kind kind_;
@@ -135,6 +149,7 @@ private:
     std::optional<int> tabIndex_;
     Control* container_ = nullptr;
     int page_ = 0;
+    bool clicking_ = false;
 };
 
 }  // namespace FX_Algen::controls

@@ -78,13 +78,15 @@ public:
     /// Shows it as a child of its parent form or, without one, of the window with the number `hostWindow`.
     void Show(std::int32_t hostWindow = 0);
     void Hide();
-    /// Saves, closes the children, and ends the form. False where it stays open.
+    /// Saves, closes the children, and ends the form. False where it stays open. Children are asked each,
+    /// also where this form discards: what was typed there is another matter.
     bool Close(Ending how = Ending::Ask);
     bool IsOpen() const noexcept { return open_; }
 
     // -- focus
     Control* Focus() const noexcept { return focus_; }
-    /// Puts the focus there without validating; `OnGotFocus` follows.
+    /// Puts the focus there without validating; `OnGotFocus` follows where it was elsewhere. 13 for a control
+    /// of another form.
     void SetFocus(Control& control);
 
     // -- rows
@@ -95,14 +97,15 @@ public:
     /// Failures are shown by `Failure`. Deactivating the window, commands and operations that a host starts
     /// call this.
     virtual bool SaveRows();
-    /// The common handler: a box titled with the caption, text = number, " - ", description.
+    /// The common handler: a box titled with the caption, or "basDrucker:" and the form's name where it has
+    /// none; text = number, " - ", description.
     void Failure(const Error& error);
     /// A box with the title; without one under the form's caption.
     store::Answer Box(std::string_view text, store::Buttons buttons = store::Buttons::Ok,
                       store::Symbol symbol = store::Symbol::None) const;
     store::Answer Box(std::string_view title, std::string_view text, store::Buttons buttons,
                       store::Symbol symbol = store::Symbol::None) const;
-    /// The text with the number, in the form's language.
+    /// The text with the number, in the form's language (German where `Sprache` is below 10000).
     std::string Text(std::int16_t offset) const;
 
     /// For the toolkit: one observer at a time; none where the form is not drawn.
@@ -116,15 +119,22 @@ protected:
     friend class OpenFormList;
 
 private:
+    /// The focus goes there, or to no control; no handler runs but `OnGotFocus`.
+    void MoveFocus(Control* target);
+    bool SaveOrAsk();
+
     std::string name_, caption_, tag_ = "0";
     std::int16_t sprache_ = 10000;
     std::vector<std::unique_ptr<Control>> controls_;
     std::weak_ptr<Form> parent_;
     Control* focus_ = nullptr;
+    /// The control that a person left for one that does not validate: it is left when they go on.
+    Control* unleft_ = nullptr;
     Observer* observer_ = nullptr;
     std::int32_t window_ = 0;
     bool visible_ = false;
     bool open_ = true;
+    bool closing_ = false;
 };
 
 }  // namespace FX_Algen::controls

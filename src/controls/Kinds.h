@@ -47,7 +47,12 @@ protected:
     CheckBox(Form& owner, enum Kind kind, std::string name) : Control(owner, kind, std::move(name)) {}
 
 private:
-    bool value_ = false, locked_ = false;
+    friend class Input;
+    /// The option buttons that are checked beside this one.
+    std::vector<CheckBox*> Others() const;
+    void Changed();
+
+    bool value_ = false, locked_ = false, changing_ = false;
 };
 
 /// One of those that share a container: checking it clears the others.
@@ -57,6 +62,8 @@ public:
 };
 
 /// A field of text. Positions and lengths count characters, not bytes.
+///
+/// What a handler of `OnChange` itself writes into the field does not call it again.
 class TextBox : public Control {
 public:
     TextBox(Form& owner, std::string name) : Control(owner, Kind::TextBox, std::move(name)) {}
@@ -79,10 +86,19 @@ public:
 
 protected:
     TextBox(Form& owner, enum Kind kind, std::string name) : Control(owner, kind, std::move(name)) {}
+    /// Text and selection, without calling a handler. True where the text is another one now.
+    bool Put(std::string text, int start, int length);
+    /// The text with `text` in place of what is selected, without calling a handler. True where it differs.
+    bool Replace(std::string_view text);
+    /// Calls `OnChange`.
+    void Changed();
+    /// After the text was assigned or typed: what else follows from it.
+    virtual void TextFollowed() {}
 
 private:
+    friend class Input;
     std::string text_;
-    bool locked_ = false;
+    bool locked_ = false, changing_ = false;
     int selStart_ = 0, selLength_ = 0;
 };
 

@@ -30,8 +30,8 @@ private:
 /// parallel with another.
 ///
 /// Assigning the text selects the entry that equals it, none where there is no such entry; choosing an entry
-/// sets the text. `OnClick` follows a choice, by a person or by `ListIndex`; `OnChange` follows a text that a
-/// person typed or that code assigned.
+/// sets the text. `OnClick` follows a choice, by a person (of the same entry too) or by `ListIndex` (of
+/// another one); `OnChange` follows a text that a person typed or that code assigned.
 class ComboBox : public TextBox {
 public:
     ComboBox(Form& owner, std::string name) : TextBox(owner, Kind::ComboBox, std::move(name)) {}
@@ -45,13 +45,18 @@ public:
     void Items(std::vector<std::string> entries);
     /// Takes all entries and the text away.
     void Clear();
-    using TextBox::Text;
-    /// As that of `TextBox`, and selects the entry.
-    void Text(std::string text);
     /// Text and cursor as type-ahead leaves them: the entry's text, what was not typed being selected.
+    /// 381 past the end.
     void Complete(int index, int typed);
 
+protected:
+    void TextFollowed() override;
+
 private:
+    friend class Input;
+    /// The entry chosen and its text, without calling a handler. True where it is another entry now.
+    bool PutIndex(int index);
+
     Entries list_;
     int index_ = -1;
 };
@@ -74,6 +79,9 @@ public:
     int TopIndex = 0;  ///< the first entry in view
 
 private:
+    friend class Input;
+    bool PutIndex(int index);
+
     Entries list_;
     int index_ = -1;
 };

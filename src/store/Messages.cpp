@@ -53,16 +53,28 @@ std::string_view AnswerText(Answer answer) {
 
 Answer RecordingMessages::Box(std::string_view title, std::string_view text, Buttons buttons, Symbol symbol) {
     auto answer = Safest(buttons);
-    if (buttons != Buttons::Ok && !answers_.empty()) {
+    if (buttons != Buttons::Ok) {
         // An answer that the box does not offer is used up all the same: the list runs in step with the
         // questions.
-        for (const auto possible : {Answer::Ok, Answer::Cancel, Answer::Yes, Answer::No})
-            if (AnswerText(possible) == answers_.front() && Offers(buttons, possible)) answer = possible;
-        answers_.erase(answers_.begin());
+        if (const auto given = TakeAnswer())
+            for (const auto possible : {Answer::Ok, Answer::Cancel, Answer::Yes, Answer::No})
+                if (AnswerText(possible) == *given && Offers(buttons, possible)) answer = possible;
     }
-    if (shown_.size() == Limit) shown_.pop_front();
-    shown_.push_back({std::string(title), std::string(text), buttons, symbol, answer});
+    Record({std::string(title), std::string(text), buttons, symbol, answer,
+            buttons == Buttons::Ok ? "message" : "question", std::string(AnswerText(answer))});
     return answer;
+}
+
+std::optional<std::string> RecordingMessages::TakeAnswer() {
+    if (answers_.empty()) return std::nullopt;
+    auto answer = std::move(answers_.front());
+    answers_.erase(answers_.begin());
+    return answer;
+}
+
+void RecordingMessages::Record(ShownBox shown) {
+    if (shown_.size() == Limit) shown_.pop_front();
+    shown_.push_back(std::move(shown));
 }
 
 void RecordingMessages::SetAnswers(const std::vector<Answer>& answers) {

@@ -59,12 +59,12 @@ const char* SymbolName(store::Symbol symbol) {
 }
 
 Json BoxJson(const store::ShownBox& box) {
-    return {{"kind", box.ButtonsShown == store::Buttons::Ok ? "message" : "question"},
+    return {{"kind", box.Kind},
             {"title", box.Title},
             {"text", box.Text},
             {"buttons", ButtonNames(box.ButtonsShown)},
             {"symbol", SymbolName(box.SymbolShown)},
-            {"answer", store::AnswerText(box.Given)}};
+            {"answer", box.GivenText}};
 }
 
 /// Databases and objects of one run, and the methods on them.

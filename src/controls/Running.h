@@ -1,0 +1,17 @@
+#pragma once
+
+namespace FX_Algen::controls {
+
+/// Whether a handler of a form runs on the calling thread, or a box of a form is open.
+bool HandlerRuns() noexcept;
+
+/// A handler runs while one lives.
+class HandlerTurn {
+public:
+    HandlerTurn();
+    ~HandlerTurn();
+    HandlerTurn(const HandlerTurn&) = delete;
+    HandlerTurn& operator=(const HandlerTurn&) = delete;
+};
+
+}  // namespace FX_Algen::controls
