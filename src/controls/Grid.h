@@ -115,6 +115,8 @@ public:
     void Editable(Editing editable) { Set(editable_, editable); }
     bool IsEditing() const noexcept { return edit_.has_value(); }
     const std::string& EditText() const;  ///< of the open cell; 13 where none is open
+    /// Whether the text of the open cell is selected still, so that what is typed takes its place.
+    bool EditSelected() const noexcept { return edit_ && edit_->Selected; }
 
     // -- events; row and column of the cell in question. A new text is what the cell is to hold: the code of
     // a coded list, "-1" or "0" for a check cell.
@@ -188,6 +190,7 @@ private:
     struct OpenCell {
         int Row, Col;
         std::string Text;
+        bool Selected = true;
     };
     Cell& At(int row, int col);
     const Cell& At(int row, int col) const;

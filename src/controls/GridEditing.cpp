@@ -106,6 +106,7 @@ const std::string& Grid::EditText() const {
 
 void Grid::EditText(std::string text) {
     if (!edit_) FailNotOpen(*this);
+    edit_->Selected = false;
     if (edit_->Text == text) return;
     edit_->Text = std::move(text);
     TellCell(edit_->Row, edit_->Col);

@@ -39,7 +39,7 @@ std::string ShortcutOf(const KeyPress& key) {
 }
 
 /// Not used by the kind of the control: what stands behind it may use it.
-Taken Unused() { return Input::Steps::No({}); }
+Taken Unused() { return {false, {}}; }
 
 /// Whether it is for others: not taken and without a reason of its own.
 bool IsUnused(const Taken& taken) { return !taken && taken.Reason.empty(); }
