@@ -19,6 +19,7 @@
 #include "FX_Algen/Import.h"
 #include "FX_Algen/Load.h"
 #include "FX_Algen/Messages.h"
+#include "FX_Algen/Progress.h"
 #include "FX_Algen/Runden.h"
 #include "FX_Algen/Store.h"
 #include "FX_Algen/Texts.h"

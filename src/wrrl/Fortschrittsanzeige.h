@@ -4,7 +4,8 @@
 #include <cstdint>
 #include <string>
 
-#include "store/ThreadValues.h"
+#include "FX_Algen/Value.h"
+#include "store/Pbar.h"
 #include "wrrl/Artenliste.h"
 
 namespace FX_Algen {
@@ -15,7 +16,7 @@ public:
     Fortschrittsanzeige() = default;
     ~Fortschrittsanzeige() {
         try {
-            if (hWnd_ > 0) store::Port().ProgressHide(hWnd_);
+            Allgemein::Pbar_Ausblenden(hWnd_);
         } catch (...) {
             // The work does not rest on the display, and nothing may leave here while another failure does.
         }
@@ -26,14 +27,13 @@ public:
     /// Shows the form with 0 percent. Nothing where the host gave no window.
     void Zeigen(const Fortschritt& platz) {
         if (platz.hWnd <= 0) return;
-        store::Port().ProgressShow(platz.hWnd, platz.Left, platz.Top, platz.Width, platz.Height);
-        hWnd_ = platz.hWnd;
         text_ = platz.Text;
-        Prozent(0);
+        Allgemein::Pbar_Anzeigen(platz.hWnd, platz.Left, platz.Top, platz.Width, platz.Height, text_);
+        hWnd_ = platz.hWnd;
     }
     /// Draws a percentage, as a whole number.
     void Prozent(double prozent) const {
-        if (hWnd_ > 0) store::Port().ProgressDraw(store::Value(prozent).I2(), text_);
+        if (hWnd_ > 0) Allgemein::Pbar_Zeichnen(store::Value(prozent).I2(), text_);
     }
     void Erledigt(std::size_t anzahl, std::size_t von) const {
         Prozent(static_cast<double>(anzahl) / static_cast<double>(von) * 100);
