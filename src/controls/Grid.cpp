@@ -114,7 +114,7 @@ void Grid::Rows(int count) {
     const auto before = rows_.size();
     rows_.resize(Index(count));
     for (auto row = before; row < rows_.size(); ++row) rows_[row].Cells.resize(cols_.size());
-    KeepWithin(false);
+    KeepWithin(row_);
     TellAll();
 }
 
@@ -123,7 +123,7 @@ void Grid::Cols(int count) {
     if (count == Cols()) return;
     cols_.resize(Index(count));
     for (auto& row : rows_) row.Cells.resize(cols_.size());
-    KeepWithin(false);
+    KeepWithin(row_);
     TellAll();
 }
 
@@ -147,10 +147,8 @@ void Grid::RemoveRow(int row) {
     rows_.erase(rows_.begin() + row);
     if (edit_ && edit_->Row == row) edit_.reset();
     if (edit_ && edit_->Row > row) --edit_->Row;
-    const bool ownRow = row_ == row;
     // The rows below move up, and the cursor with its own.
-    if (row_ > row) --row_;
-    KeepWithin(ownRow);
+    KeepWithin(row_ > row ? row_ - 1 : row_, row_ == row);
     TellAll();
 }
 
@@ -164,10 +162,10 @@ void Grid::ClearCells() {
     TellAll();
 }
 
-void Grid::KeepWithin(bool otherRow) {
+void Grid::KeepWithin(int row, bool otherRow) {
     if (edit_ && !Has(edit_->Row, edit_->Col)) edit_.reset();
     topRow_ = std::clamp(topRow_, 0, std::max(0, Rows() - 1));
-    int row = row_, col = col_;
+    int col = col_;
     if (row >= Rows()) {
         row = Rows() - 1;
         while (row >= fixedRows_ && rows_[Index(row)].Hidden) --row;

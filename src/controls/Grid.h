@@ -207,7 +207,7 @@ private:
     void Edited(int row, int col);
     bool AskToLeave();
     void Place(int row, int col, bool otherRow = false);
-    void KeepWithin(bool otherRow);
+    void KeepWithin(int row, bool otherRow = false);
     void TellCell(int row, int col);
     void TellCursor();
     void TellAll();
