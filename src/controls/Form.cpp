@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "controls/DataSource.h"
 #include "controls/Grid.h"
@@ -120,18 +121,27 @@ void Form::MoveFocus(Control* target) {
 
 bool Form::SaveRows() {
     bool saved = true;
+    std::vector<const Grid*> kept;
     // By number: a handler may add controls. Grids first, since they hand their edits to the sources.
-    for (std::size_t i = 0; i < controls_.size(); ++i)
-        if (auto* grid = dynamic_cast<Grid*>(controls_[i].get()))
-            saved = Left(*this, [grid] { return grid->LeaveRow(); }) && saved;
-    for (std::size_t i = 0; i < controls_.size(); ++i)
-        if (auto* source = dynamic_cast<DataSource*>(controls_[i].get()))
-            saved = Left(*this,
-                         [source] {
-                             source->LeaveRow();
-                             return true;
-                         }) &&
-                    saved;
+    for (std::size_t i = 0; i < controls_.size(); ++i) {
+        auto* grid = dynamic_cast<Grid*>(controls_[i].get());
+        if (grid == nullptr || Left(*this, [grid] { return grid->LeaveRow(); })) continue;
+        kept.push_back(grid);
+        saved = false;
+    }
+    for (std::size_t i = 0; i < controls_.size(); ++i) {
+        auto* source = dynamic_cast<DataSource*>(controls_[i].get());
+        if (source == nullptr) continue;
+        // A grid that kept its row has told why.
+        if (std::any_of(kept.begin(), kept.end(), [&](const Grid* grid) { return source->Has(*grid); }))
+            continue;
+        saved = Left(*this,
+                     [source] {
+                         source->LeaveRow();
+                         return !source->Changed();  // in the edit state the row is not written
+                     }) &&
+                saved;
+    }
     return saved;
 }
 

@@ -102,7 +102,7 @@ Taken Input::Steps::LeaveSources(const Control* target) {
     const auto& controls = form_.Controls();
     for (std::size_t i = 0; i < controls.size(); ++i) {
         auto* source = dynamic_cast<DataSource*>(controls[i].get());
-        if (source == nullptr || !source->Changed() || (target != nullptr && source->Has(*target))) continue;
+        if (source == nullptr || (target != nullptr && source->Has(*target))) continue;
         try {
             source->LeaveRow();
         } catch (const Error& error) {
