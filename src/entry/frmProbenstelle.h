@@ -157,6 +157,14 @@ public:
     controls::DataSource& datPrStelle;
     controls::DataSource& datTeilraum_MI;
 
+    /// Columns of the list of taxa up to the first mixed stand, and its rows.
+    static constexpr int SpalteID_Art = 1, SpalteGattung = 2, SpalteArt = 3, SpalteCF = 4, SpalteMAalsMI = 5,
+                         SpalteLF = 6, SpalteTaxonart = 7, SpalteDG_MA = 8, SpalteSD_MA = 9;
+    static constexpr int VerdeckteZeile = 2, ErsteTaxazeile = 3;
+    /// Columns of the list of mixed stands.
+    static constexpr int SpalteID_TR_MI = 1, SpalteID_TR = 2, SpalteMI_Bez = 3, SpalteDG_MI_WRRL = 4,
+                         SpalteDG_MI = 5, SpalteSD_MI = 6, SpalteRF_MI = 7;
+
 private:
     /// One of the two independent sets of covers.
     struct Deckungssatz {
@@ -176,6 +184,9 @@ private:
     // -- frmProbenstelle.cpp
     void Datenquellen_Oeffnen();
     void Import_Anlegen();
+    void Rueckgabe_Geaendert();
+    // -- Importspalten.cpp
+    std::string Importspalten() const;
     // -- frmProbenstelleBestaende.cpp
     void Bestaende_Verdrahten();
     std::string Bestandsreihung() const;
@@ -247,10 +258,11 @@ private:
     bool zeileGeaendert_ = false;  ///< what stands in the current row was not saved yet
     /// `CF` that a failed save left in the stored row: the row had been written, its shares not.
     std::optional<bool> geschriebenesCF_;
-    std::string bestandsreihung_;  ///< names and order of the stands as the list of taxa shows them
+    bool anteileHalbGespeichert_ = false;  ///< while a save is repeated that ended among the shares
+    std::string bestandsreihung_;          ///< names and order of the stands as the list of taxa shows them
     bool bestaendeUmgereiht_ = false;
-    std::unique_ptr<ImportComponent> import_;
     std::unique_ptr<ReturnField> rueckgabe_;
+    std::unique_ptr<ImportComponent> import_;  ///< goes before the field that it writes to
 };
 
 }  // namespace FX_Algen::entry

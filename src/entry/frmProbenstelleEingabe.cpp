@@ -1,0 +1,158 @@
+#include <cmath>
+
+#include "controls/Numbers.h"
+#include "entry/frmProbenstelle.h"
+#include "store/Allgemein.h"
+
+/// What a person types into the list of taxa: which cells open, what they accept, the keys.
+namespace FX_Algen::entry {
+
+namespace {
+
+constexpr std::int16_t KeineZahl = 5668;
+constexpr std::int16_t KeineGanzeZahl = 5669;
+constexpr std::int16_t KleinerAls0 = 5670;
+
+/// What refuses an entry, by the kind of the taxon; 0 where nothing does.
+struct Verbote {
+    std::int16_t Schalen = 0;
+    std::int16_t Makrophyten = 0;
+    std::int16_t DeckungUndBestaende = 0;
+};
+
+Verbote VerboteFuer(Taxonart art) {
+    switch (art) {
+        case Taxonart::MA:
+            return {2093, 2097, 0};
+        case Taxonart::MI:
+            return {2094, 2098, 0};
+        case Taxonart::KA:
+            return {0, 2095, 2095};
+        case Taxonart::HP:
+        case Taxonart::BA:
+        case Taxonart::PI:
+            return {2096, 0, 0};
+    }
+    return {};
+}
+
+}  // namespace
+
+void frmProbenstelle::Eingabe_Verdrahten() {
+    vsfgAlgenArt.OnBeforeEdit = [this](int row, int col) { return Zelle_Oeffnet(row, col); };
+    vsfgAlgenArt.OnValidateEdit = [this](int row, int col, const std::string&) {
+        return Eingabe_Annehmen(row, col);
+    };
+    vsfgAlgenArt.OnAfterEdit = [this](int row, int col) { Eingabe_Uebernehmen(row, col); };
+    vsfgAlgenArt.OnBeforeRowLeave = [this](int row) { return Zeile_Verlassen(row); };
+    vsfgAlgenArt.OnKey = [this](const controls::KeyPress& key) { return Taste(key); };
+    vsfgAlgenArt.OnCellClick = [this](int row, int col) {
+        if (!IstTaxazeile(row)) return;
+        if (col == SpalteMAalsMI)
+            vsfgAlgenArt.Checked(row, col, vsfgAlgenArt.Checked(row, SpalteAltesMAalsMI()));
+        if (col == SpalteLF) vsfgAlgenArt.Checked(row, col, vsfgAlgenArt.Checked(row, SpalteAltesLF()));
+    };
+}
+
+// ---- cells ---------------------------------------------------------------------------------------------
+
+bool frmProbenstelle::Zelle_Oeffnet(int row, int col) const {
+    return CanEdit_ && IstTaxazeile(row) &&
+           (col == SpalteCF || (col >= SpalteDG_MA && col <= SpalteMakrophyten()));
+}
+
+bool frmProbenstelle::Eingabe_Annehmen(int row, int col) {
+    const auto art = ArtDerZeile(row);
+    if (!art || col < SpalteTaxonart) return true;
+    const auto verbote = VerboteFuer(*art);
+    const auto grund = col == SpalteSchalen()       ? verbote.Schalen
+                       : col == SpalteMakrophyten() ? verbote.Makrophyten
+                                                    : verbote.DeckungUndBestaende;
+    if (grund == 0) return true;
+    Box(Text(grund), store::Buttons::Ok, store::Symbol::Exclamation);
+    return false;
+}
+
+void frmProbenstelle::Eingabe_Uebernehmen(int row, int col) {
+    zeileGeaendert_ = true;
+    if (ArtDerZeile(row) == Taxonart::MA && col >= SpalteDG_MA && col < SpalteSchalen()) {
+        const bool imBestand = IstBestandsspalte(col);
+        vsfgAlgenArt.Checked(row, SpalteMAalsMI, imBestand);
+        // A click puts the hidden copy back, and must not undo what the edit set.
+        vsfgAlgenArt.Checked(row, SpalteAltesMAalsMI(), imBestand);
+    }
+    if (col >= SpalteDG_MA) Eingabe_Melden(row, col);
+}
+
+/// Says beforehand where something else is stored than what was typed.
+void frmProbenstelle::Eingabe_Melden(int row, int col) {
+    const auto text = vsfgAlgenArt.Text(row, col);
+    if (text.empty()) return;
+    const auto melden = [&](std::int16_t meldung) {
+        return Allgemein::Str_Ersetzen(Text(meldung), "|", text, true);
+    };
+    const auto zeigen = [this](const std::string& meldung) {
+        Box(meldung, store::Buttons::Ok, store::Symbol::Exclamation);
+    };
+    const auto zahl = controls::ReadNumber(text);
+    if (!zahl) {
+        zeigen(melden(KeineZahl));
+        return;
+    }
+    if (col == SpalteSchalen() && std::nearbyint(*zahl) != *zahl) {
+        const auto ganze = controls::ShownNumber(std::nearbyint(*zahl), Sprache());
+        zeigen(Allgemein::Str_Ersetzen(melden(KeineGanzeZahl), "~", ganze, true));
+        vsfgAlgenArt.Text(row, col, ganze);
+    }
+    if (*zahl < 0 && !IstBestandsspalte(col)) zeigen(melden(KleinerAls0));
+}
+
+// ---- keys ----------------------------------------------------------------------------------------------
+
+bool frmProbenstelle::Taste(const controls::KeyPress& key) {
+    if (key.Ctrl || key.Alt) return false;
+    auto& liste = vsfgAlgenArt;
+    if (key.Name == "Enter") {
+        if (!liste.LeaveRow() || key.Shift || !cmdArtNeu.IsEnabled()) return true;
+        cmdArtNeu_Click();
+        return true;
+    }
+    if (key.Name == "Tab" || key.Name == "Left" || key.Name == "Right" || key.Name == "Up" ||
+        key.Name == "Down")
+        return Weitergehen(key);
+    if (liste.IsEditing()) return false;
+    if (key.Name == "Space" || key.Name == " ") {
+        if (!IstTaxazeile(liste.Row())) return true;
+        const int col = liste.Col();
+        liste.Toggle(liste.Row(), SpalteCF);
+        if (col >= 0) liste.Select(liste.Row(), col);
+        return true;
+    }
+    if (key.Name == "Delete") {
+        if (cmdArtLoeschen.IsEnabled()) cmdArtLoeschen_Click();
+        return true;
+    }
+    return false;
+}
+
+/// Moves the cursor as the key says and opens the cell that it comes to.
+bool frmProbenstelle::Weitergehen(const controls::KeyPress& key) {
+    auto& liste = vsfgAlgenArt;
+    if (key.Name == "Tab") {
+        const auto ziel = liste.Neighbour(key.Shift ? -1 : 1);
+        // From the last cell Tab leads out of the list.
+        if (!ziel) return false;
+        if (liste.GoTo(ziel->first, ziel->second)) liste.StartEdit();
+        return true;
+    }
+    const int zeilen = key.Name == "Down" ? 1 : key.Name == "Up" ? -1 : 0;
+    const int spalten = key.Name == "Right" ? 1 : key.Name == "Left" ? -1 : 0;
+    int row = liste.Row() + zeilen, col = liste.Col() + spalten;
+    while (col >= liste.FixedCols() && col < liste.Cols() && liste.ColHidden(col)) col += spalten;
+    const bool da =
+        row >= liste.FixedRows() && row < liste.Rows() && col >= liste.FixedCols() && col < liste.Cols();
+    if (da && liste.GoTo(row, col)) liste.StartEdit();
+    return true;
+}
+
+}  // namespace FX_Algen::entry
