@@ -46,8 +46,8 @@ public:
     void GetArtFromSynonym();
     /// Enters a taxon at a site, not as cf. `ok` becomes false where the store refused, which is shown.
     void AddNew_ArtPrStelle(std::int32_t ID_PS, std::int32_t ID_Art, bool& ok);
-    /// Puts another taxon into a row of the site; of algae the shares in the mixed stands of `ID_TR` go along.
-    /// `ok` becomes false where the store refused or the row is not there any more, which is shown.
+    /// Puts another taxon into a row of the site; of algae the shares in the mixed stands of `ID_TR` go
+    /// along. `ok` becomes false where the store refused or the row is not there any more, which is shown.
     void Update_ArtPrStelle(std::int32_t ID_TR, std::int32_t ID_PS, std::int32_t ID_Art_alt,
                             std::int32_t ID_Art_neu, bool CF, bool& ok);
 
