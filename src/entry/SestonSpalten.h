@@ -2,8 +2,11 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 
+#include "FX_Algen/Value.h"
 #include "controls/Grid.h"
+#include "controls/Numbers.h"
 
 /// The columns of the list of taxa of the seston sheet.
 namespace FX_Algen::entry::SestonSpalten {
@@ -37,5 +40,11 @@ inline constexpr std::array<Spalte, Anzahl> Alle{{
     {Zusatz, 3000, 2301, controls::CellKind::Text},
     {CF_gespeichert, 1, 0, controls::CellKind::Check},
 }};
+
+/// What the cell of an abundance shows: nothing for 0 and Null. A negative one, which no edit makes, is shown:
+/// it must not hide.
+inline std::string AbundanzText(const store::Value& wert, std::int16_t Sprache) {
+    return wert.IsNull() || wert.R8() == 0 ? std::string() : controls::ShownNumber(wert, Sprache);
+}
 
 }  // namespace FX_Algen::entry::SestonSpalten

@@ -1,6 +1,8 @@
 #include "entry/frmArtAuswahl.h"
 
 #include <array>
+#include <initializer_list>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -135,11 +137,11 @@ void frmArtAuswahl::Felder_Einrichten() {
 void frmArtAuswahl::Vervollstaendigen(controls::ComboBox& combo, bool gross,
                                       std::function<void()> geaendert) {
     combo.OnGotFocus = [&combo] { Allgemein::Text_Markieren(combo); };
-    combo.OnChange = [this, &combo, gross, geaendert, zuletzt = std::string()]() mutable {
+    combo.OnChange = [this, &combo, gross, geaendert, zuletzt = std::make_shared<std::string>()] {
         if (folgt_) return;
         {
             const Folgt folgt(folgt_);
-            Allgemein::Combo_Vervollstaendigen(combo, combo.SelStart(), zuletzt, gross);
+            Allgemein::Combo_Vervollstaendigen(combo, combo.SelStart(), *zuletzt, gross);
         }
         geaendert();
     };
@@ -149,7 +151,9 @@ void frmArtAuswahl::Vervollstaendigen(controls::ComboBox& combo, bool gross,
 }
 
 void frmArtAuswahl::Gattung_Verdrahten() {
-    Vervollstaendigen(cboGattung, true, [this] { Arten_Leeren(); });
+    Vervollstaendigen(cboGattung, true, [this] {
+        if (cboGattung.Text() != gattungDerArten_) Arten_Leeren();
+    });
     cboGattung.OnLeave = [this] {
         if (Verlassen(cboGattung) == controls::Leaving::Stay) return controls::Leaving::Stay;
         artUngesehen_ = cboArt.List().Count() == 0;
@@ -257,6 +261,7 @@ void frmArtAuswahl::Init_cboArt() {
         cboArt.Items(std::move(paare.Namen));
         cboID_Art.Items(std::move(paare.IDs));
         if (cboArt.List().Count() > 0) cboArt.ListIndex(platz);
+        gattungDerArten_ = cboGattung.Text();
     } catch (const Error& fehler) {
         Arten_Leeren();
         Failure(fehler);
@@ -268,6 +273,7 @@ void frmArtAuswahl::Arten_Leeren() {
     const Folgt folgt(folgt_);
     cboArt.Clear();
     cboID_Art.Clear();
+    gattungDerArten_.reset();
 }
 
 void frmArtAuswahl::SynArten_Leeren() {

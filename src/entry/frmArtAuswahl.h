@@ -2,6 +2,8 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 
 #include "FX_Algen/Store.h"
@@ -106,6 +108,7 @@ private:
     store::DatabasePtr datenbank_;
     bool debugModus_ = false;
     std::int16_t katalog_ = 0;
+    std::optional<std::string> gattungDerArten_;  ///< the genus whose species stand in their list
     bool folgt_ = false;  ///< lists are being changed by code: their events are not a person's
     /// The species was chosen by leaving the genus, and nobody has been at the list of species since.
     bool artUngesehen_ = false;

@@ -170,7 +170,7 @@ void frmProbenstelleSeston::GridAlgenArt_Daten(bool& ok) {
         vsfgAlgenArt.Text(zeile, Gattung, TextOderLeer((*satz)["Gattung"]));
         vsfgAlgenArt.Text(zeile, Art, TextOderLeer((*satz)["Art"]));
         vsfgAlgenArt.Checked(zeile, CF, cf);
-        vsfgAlgenArt.Text(zeile, Abundanz, controls::ShownAboveZero((*satz)["Abundanz"], Sprache()));
+        vsfgAlgenArt.Text(zeile, Abundanz, AbundanzText((*satz)["Abundanz"], Sprache()));
         vsfgAlgenArt.Text(zeile, Zusatz, TextOderLeer((*satz)["Zusatz"]));
         vsfgAlgenArt.Checked(zeile, CF_gespeichert, cf);
     }

@@ -1,5 +1,6 @@
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "controls/Numbers.h"
 #include "controls/Port.h"
@@ -92,11 +93,31 @@ void frmProbenstelleSeston::AlgenArt_Datenspeichern(int zeile) {
                                                       " " + vsfgAlgenArt.Text(zeile, Art) +
                                                       " is not stored any more.");
     vsfgAlgenArt.Checked(zeile, CF_gespeichert, cf);
-    vsfgAlgenArt.Text(zeile, Abundanz, controls::ShownAboveZero(store::Value(abundanz), Sprache()));
+    vsfgAlgenArt.Text(zeile, Abundanz, AbundanzText(store::Value(abundanz), Sprache()));
     geaenderteZeile_.reset();
 }
 
 // ---- keys ----------------------------------------------------------------------------------------------
+
+// The cell that the key leads to opens at once. False where the key leads nowhere.
+bool frmProbenstelleSeston::Weitergehen(const controls::KeyPress& taste) {
+    auto& liste = vsfgAlgenArt;
+    const auto naechste = [&]() -> std::optional<std::pair<int, int>> {
+        if (taste.Name == "Tab") return liste.Neighbour(taste.Shift ? -1 : 1);
+        const int zeile = liste.Row() + (taste.Name == "Down") - (taste.Name == "Up");
+        int spalte = liste.Col();
+        const int schritt = (taste.Name == "Right") - (taste.Name == "Left");
+        if (schritt != 0)
+            for (spalte += schritt; spalte > 0 && spalte < liste.Cols() && liste.ColHidden(spalte);)
+                spalte += schritt;
+        if (!Hat_Taxon(zeile) || spalte <= SestonSpalten::Marke || spalte >= liste.Cols())
+            return std::nullopt;
+        return std::pair(zeile, spalte);
+    }();
+    if (!naechste) return false;
+    if (liste.GoTo(naechste->first, naechste->second)) liste.StartEdit();
+    return true;
+}
 
 bool frmProbenstelleSeston::Taste(const controls::KeyPress& taste) {
     if (taste.Ctrl || taste.Alt) return false;
@@ -113,6 +134,8 @@ bool frmProbenstelleSeston::Taste(const controls::KeyPress& taste) {
         vsfgAlgenArt.Toggle(zeile, SestonSpalten::CF);
         return true;
     }
+    for (const auto* pfeil : {"Tab", "Up", "Down", "Left", "Right"})
+        if (taste.Name == pfeil) return Weitergehen(taste);
     return false;
 }
 
