@@ -183,8 +183,7 @@ void frmArtAuswahl::Synonym_Verdrahten() {
     };
     Vervollstaendigen(cboSynGattung, true, [this] { SynArten_Leeren(); });
     cboSynGattung.OnLeave = [this] {
-        if (cboSynGattung.List().Count() > 0 && Verlassen(cboSynGattung) == controls::Leaving::Stay)
-            return controls::Leaving::Stay;
+        if (Verlassen(cboSynGattung) == controls::Leaving::Stay) return controls::Leaving::Stay;
         const bool ungesehen = cboSynArt.List().Count() == 0;
         Init_cboSynArt();
         artUngesehen_ = ungesehen;
@@ -201,9 +200,7 @@ void frmArtAuswahl::Synonym_Verdrahten() {
         Allgemein::Text_Markieren(cboSynArt);
     };
     // A text that is no synonym must not stand beside the taxon of another one.
-    cboSynArt.OnLeave = [this] {
-        return cboSynArt.List().Count() > 0 ? Verlassen(cboSynArt) : controls::Leaving::Go;
-    };
+    cboSynArt.OnLeave = [this] { return Verlassen(cboSynArt); };
 }
 
 // ---- lists ---------------------------------------------------------------------------------------------
@@ -287,7 +284,8 @@ void frmArtAuswahl::ID_Folgen() {
 }
 
 controls::Leaving frmArtAuswahl::Verlassen(const controls::ComboBox& combo) {
-    if (combo.ListIndex() >= 0) return controls::Leaving::Go;
+    // In a list without entries nothing could be chosen: who went there must get out again.
+    if (combo.ListIndex() >= 0 || combo.List().Count() == 0) return controls::Leaving::Go;
     Bitte_Waehlen();
     return controls::Leaving::Stay;
 }
