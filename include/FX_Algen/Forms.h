@@ -84,6 +84,7 @@ struct FormAction {
     std::string Control;  ///< name; empty for an action on the form as a whole
     std::string Action;
     std::optional<std::string> Text;
+    std::optional<std::string> Entry;  ///< of a list, in place of its `Index`: the first entry that reads so
     std::optional<bool> Value;
     std::optional<int> Row, Col, Index, Position;
     bool Shift = false, Ctrl = false, Alt = false;
@@ -106,17 +107,16 @@ FormState ReadForm(const std::string& form, std::optional<std::pair<int, int>> r
 /// Does to a form what a person would do, with all that follows from it. The actions, what they are done to,
 /// and which values they need:
 ///
-/// - `click` on any control; grids need `Row` and `Col`, list boxes and list views `Index`. Leaves the field
-///   that has the focus first. A menu is chosen by it, a check box flips.
+/// - `click` on any control; grids need `Row` and `Col`, list boxes and list views `Index` or `Entry`. Leaves
+///   the field that has the focus first. A menu is chosen by it, a check box flips.
 /// - `dblclick`, the same twice.
 /// - `set` on text boxes: the whole text is replaced by `Text`. On check boxes and option buttons: `Value`.
-///   On lists: the entry with the `Index` or else the one that reads `Text`. On combos: the entry with the
-///   `Index`, or `Text` as typed.
+///   On lists: the entry with the `Index`, or `Entry`. On combos the same, or `Text` as typed.
 /// - `type` on text boxes, combos and the open cell of a grid: `Text` character by character, in place of
 ///   what is selected.
 /// - `cell` on grids: goes to `Row` and `Col`, opens the cell, writes `Text`, of a check cell `Value`, and
 ///   ends the edit.
-/// - `select` on grids: the cursor goes to `Row` and `Col`. On lists and combos: the entry with the `Index`.
+/// - `select` on grids: the cursor goes to `Row` and `Col`. On lists and combos as `set`.
 /// - `enter` on any control: gives it the focus, which leaves the former one.
 /// - `leave` on the control that has the focus, or on none: takes the focus away, as going to another place
 ///   does.

@@ -50,14 +50,16 @@ protected:
 TEST(AutomateRun, EndsWithDoneAtTheEndOfTheInput) {
     std::istringstream in;
     std::ostringstream out;
-    EXPECT_EQ(Automate(in, out), 0);
+    std::ostringstream err;
+    EXPECT_EQ(Automate(in, out, err), 0);
     EXPECT_EQ(out.str(), "");
 }
 
 TEST(AutomateRun, AnswersALastLineWithoutLineEnd) {
     std::istringstream in(R"({"jsonrpc":"2.0","id":1,"method":"dialog.shown"})");
     std::ostringstream out;
-    EXPECT_EQ(Automate(in, out), 0);
+    std::ostringstream err;
+    EXPECT_EQ(Automate(in, out, err), 0);
     EXPECT_EQ(out.str(), "{\"jsonrpc\":\"2.0\",\"result\":[],\"id\":1}\n");
 }
 
@@ -66,7 +68,8 @@ TEST(AutomateRun, GoesOnAfterEachFailure) {
         "rubbish\n\xff\xfe\n[]\n17\n\n{\"jsonrpc\":\"2.0\",\"id\":1,\"method\":\"object.get\"}\r\n"
         "{\"jsonrpc\":\"2.0\",\"id\":2,\"method\":\"dialog.shown\"}\r\n");
     std::ostringstream out;
-    EXPECT_EQ(Automate(in, out), 0);
+    std::ostringstream err;
+    EXPECT_EQ(Automate(in, out, err), 0);
     std::vector<std::int32_t> codes;
     std::istringstream written(out.str());
     for (std::string line; std::getline(written, line);) codes.push_back(CodeOf(Json::parse(line)));
@@ -76,8 +79,9 @@ TEST(AutomateRun, GoesOnAfterEachFailure) {
 TEST(AutomateRun, FailsWhereAnAnswerCannotBeWritten) {
     std::istringstream in(R"({"jsonrpc":"2.0","id":1,"method":"dialog.shown"})");
     std::ostringstream out;
+    std::ostringstream err;
     out.setstate(std::ios::badbit);
-    EXPECT_EQ(Automate(in, out), 1);
+    EXPECT_EQ(Automate(in, out, err), 1);
 }
 
 TEST(AutomateRun, LeavesTheDisplayOfItsCaller) {
@@ -113,9 +117,7 @@ TEST_P(WrongRequests, AreAnsweredWithCodeAndReason) {
 INSTANTIATE_TEST_SUITE_P(
     Methods, WrongRequests,
     testing::Values(WrongRequest{"database.drop", Json::object(), -32601, "database.drop"},
-                    WrongRequest{"form.list", Json::object(), -32601, "form.list"},
-                    WrongRequest{"form.state", {{"form", 1}}, -32601, "form.state"},
-                    WrongRequest{"form.act", Json::object(), -32601, "form.act"},
+                    WrongRequest{"form.close", Json::object(), -32601, "form.close"},
                     WrongRequest{"Object.Create", Json::object(), -32601, "Object.Create"},
                     WrongRequest{"", Json::object(), -32601, "no method"}));
 
@@ -540,7 +542,8 @@ TEST_F(AutomateDatabase, ConversationOfTheHostsPageRunsAsWritten) {
     requests.replace(requests.find(name), name.size(), db.Path());
     std::istringstream in(requests);
     std::ostringstream out;
-    EXPECT_EQ(Automate(in, out), 0);
+    std::ostringstream err;
+    EXPECT_EQ(Automate(in, out, err), 0);
     EXPECT_EQ(out.str(), expected);
 }
 

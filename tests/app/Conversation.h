@@ -27,7 +27,9 @@ public:
     std::vector<rpc::Json> Run() {
         std::istringstream in(lines_);
         std::ostringstream out;
-        EXPECT_EQ(Automate(in, out), 0);
+        std::ostringstream err;
+        EXPECT_EQ(Automate(in, out, err), 0);
+        EXPECT_EQ(err.str(), "");
         std::vector<rpc::Json> answers;
         std::istringstream written(out.str());
         for (std::string line; std::getline(written, line);) answers.push_back(rpc::Json::parse(line));

@@ -20,7 +20,7 @@ public:
     }
     void Arguments(CLI::App&) override {}
     Exit Execute(Streams& streams) override {
-        return Automate(streams.In, streams.Out) == 0 ? Exit::Done : Exit::Failed;
+        return Automate(streams.In, streams.Out, streams.Err) == 0 ? Exit::Done : Exit::Failed;
     }
 };
 

@@ -19,6 +19,7 @@ inline constexpr int InvalidRequest = -32600;
 inline constexpr int MethodNotFound = -32601;
 inline constexpr int InvalidParams = -32602;
 inline constexpr int InternalError = -32603;
+inline constexpr int StaysOpen = -32000;  ///< a form cannot save what was typed, so nothing was closed
 }  // namespace Code
 
 /// A failure of the protocol; failures of the module are `FX_Algen::Error`.

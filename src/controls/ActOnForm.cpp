@@ -1,0 +1,278 @@
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "FX_Algen/Error.h"
+#include "FX_Algen/Forms.h"
+#include "controls/Input.h"
+#include "controls/OpenForms.h"
+
+namespace FX_Algen {
+
+namespace {
+
+using controls::Control;
+using controls::Input;
+using controls::Taken;
+
+/// One action on its way: who is meant, and what it needs.
+class Deed {
+public:
+    Deed(controls::Form& form, Control* control, const FormAction& action)
+        : form_(form), control_(control), action_(action) {}
+
+    Input Person() const { return Input(form_); }
+    const FormAction& Action() const { return action_; }
+    Control* Focused() const { return form_.Focus(); }
+    Control* Given() const { return control_; }
+    Control& On() const { return *control_; }
+
+    /// The control as one of the type, none where it is of another.
+    template <class T>
+    T* As() const {
+        return dynamic_cast<T*>(control_);
+    }
+    /// The same; 13 where it is of another type.
+    template <class T>
+    T& Needed() const {
+        if (auto* found = As<T>()) return *found;
+        Refuse("is a " + std::string(KindName(control_->Kind())) + ", and '" + action_.Action +
+               "' is nothing to do to that");
+    }
+
+    const std::string& Text() const { return Value(action_.Text, "a text"); }
+    bool Value() const { return Value(action_.Value, "a value, true or false,"); }
+    int Row() const { return Value(action_.Row, "a row"); }
+    int Col() const { return Value(action_.Col, "a column"); }
+    int Index() const { return Value(action_.Index, "an index"); }
+    int Position() const { return Value(action_.Position, "a position"); }
+
+    [[noreturn]] void Refuse(const std::string& what) const {
+        throw Error(ErrorNumber::TypeMismatch, Who() + " " + what + ".");
+    }
+    Taken NotThere(const std::string& what) const { return {false, Who() + " has no " + what + "."}; }
+
+private:
+    std::string Who() const { return control_ ? form_.Name() + "." + control_->Name() : form_.Name(); }
+
+    template <class T>
+    const T& Value(const std::optional<T>& given, std::string_view what) const {
+        if (given) return *given;
+        Refuse("needs " + std::string(what) + " for '" + action_.Action + "'");
+    }
+
+    controls::Form& form_;
+    Control* control_;
+    const FormAction& action_;
+};
+
+std::string Numbers(int first, int second) {
+    return "(" + std::to_string(first) + ", " + std::to_string(second) + ")";
+}
+
+bool Within(int index, int count) { return index >= 0 && index < count; }
+
+/// What a person reads in a list; of a list view its first column. None where the control is no list.
+std::optional<std::vector<std::string>> EntriesOf(const Deed& deed) {
+    if (const auto* combo = deed.As<controls::ComboBox>()) return combo->List().All();
+    if (const auto* list = deed.As<controls::ListBox>()) return list->List().All();
+    const auto* view = deed.As<controls::ListView>();
+    if (!view) return std::nullopt;
+    std::vector<std::string> out;
+    for (const auto& row : view->Rows()) out.push_back(row.empty() ? std::string() : row.front());
+    return out;
+}
+
+bool IsList(const Deed& deed) { return EntriesOf(deed).has_value(); }
+
+/// Whether an entry is meant rather than a text to type or the field as such.
+bool MeansEntry(const Deed& deed) {
+    if (!IsList(deed)) return false;
+    return !deed.As<controls::ComboBox>() || deed.Action().Index || deed.Action().Entry;
+}
+
+/// The entry is looked for only once the control has the focus: leaving another field may fill the list anew.
+Taken ChooseEntry(const Deed& deed) {
+    const auto& text = deed.Action().Entry;
+    if (!text) deed.Index();
+    if (auto entered = deed.Person().Enter(deed.On()); !entered) return entered;
+    const auto entries = *EntriesOf(deed);
+    if (text) {
+        const auto found = std::find(entries.begin(), entries.end(), *text);
+        if (found == entries.end()) return deed.NotThere("entry '" + *text + "'");
+        return deed.Person().Choose(deed.On(), static_cast<int>(found - entries.begin()));
+    }
+    if (!Within(deed.Index(), static_cast<int>(entries.size())))
+        return deed.NotThere("entry " + std::to_string(deed.Index()));
+    return deed.Person().Choose(deed.On(), deed.Index());
+}
+
+/// Runs a member of `Input` on a cell that the grid has once it has the focus.
+template <class Do>
+Taken OnCell(const Deed& deed, Do what) {
+    auto& grid = deed.Needed<controls::Grid>();
+    const int row = deed.Row();
+    const int col = deed.Col();
+    if (auto entered = deed.Person().Enter(grid); !entered) return entered;
+    if (!Within(row, grid.Rows()) || !Within(col, grid.Cols()))
+        return deed.NotThere("cell " + Numbers(row, col));
+    return what(grid, row, col);
+}
+
+Taken Click(const Deed& deed) {
+    if (deed.As<controls::Grid>())
+        return OnCell(deed,
+                      [&](auto& grid, int row, int col) { return deed.Person().ClickCell(grid, row, col); });
+    if (MeansEntry(deed)) return ChooseEntry(deed);
+    return deed.Person().Click(deed.On());
+}
+
+Taken DblClick(const Deed& deed) {
+    if (deed.As<controls::Grid>())
+        return OnCell(
+            deed, [&](auto& grid, int row, int col) { return deed.Person().DblClickCell(grid, row, col); });
+    if (MeansEntry(deed))
+        if (const auto chosen = ChooseEntry(deed); !chosen) return chosen;
+    return deed.Person().DblClick(deed.On());
+}
+
+Taken Set(const Deed& deed) {
+    if (auto* box = deed.As<controls::CheckBox>()) return deed.Person().SetValue(*box, deed.Value());
+    if (MeansEntry(deed)) return ChooseEntry(deed);
+    auto& field = deed.Needed<controls::TextBox>();
+    return deed.Person().SetText(field, deed.Text());
+}
+
+Taken Type(const Deed& deed) {
+    if (!deed.As<controls::Grid>()) deed.Needed<controls::TextBox>();
+    return deed.Person().Type(deed.On(), deed.Text());
+}
+
+Taken Cell(const Deed& deed) {
+    return OnCell(deed, [&](auto& grid, int row, int col) {
+        if (grid.ColKind(col) == controls::CellKind::Check)
+            return deed.Person().CheckCell(grid, row, col, deed.Value());
+        return deed.Person().EditCell(grid, row, col, deed.Text());
+    });
+}
+
+Taken Select(const Deed& deed) {
+    if (IsList(deed)) return ChooseEntry(deed);
+    return OnCell(deed,
+                  [&](auto& grid, int row, int col) { return deed.Person().SelectCell(grid, row, col); });
+}
+
+Taken Enter(const Deed& deed) { return deed.Person().Enter(deed.On()); }
+
+Taken Leave(const Deed& deed) {
+    if (deed.Given() && deed.Given() != deed.Focused())
+        return {false, deed.On().Name() + " has not the focus."};
+    return deed.Person().Leave();
+}
+
+Taken Tab(const Deed& deed) {
+    auto& tabs = deed.Needed<controls::TabControl>();
+    if (!Within(deed.Index(), static_cast<int>(tabs.Tabs().size())))
+        return deed.NotThere("tab " + std::to_string(deed.Index()));
+    return deed.Person().ShowTab(tabs, deed.Index());
+}
+
+Taken PressToolbar(const Deed& deed) {
+    auto& toolbar = deed.Needed<controls::Toolbar>();
+    // Positions count from 1.
+    if (!Within(deed.Position() - 1, static_cast<int>(toolbar.Buttons().size())))
+        return deed.NotThere("position " + std::to_string(deed.Position()));
+    return deed.Person().PressToolbar(toolbar, deed.Position());
+}
+
+Taken ChooseMenu(const Deed& deed) { return deed.Person().Click(deed.Needed<controls::Menu>()); }
+
+bool IsKeyName(const std::string& name) {
+    static constexpr std::array<std::string_view, 27> names{
+        "Enter", "Escape", "Tab",  "Space", "Delete", "Insert",   "Backspace", "Up",  "Down",
+        "Left",  "Right",  "Home", "End",   "PageUp", "PageDown", "F1",        "F2",  "F3",
+        "F4",    "F5",     "F6",   "F7",    "F8",     "F9",       "F10",       "F11", "F12"};
+    for (const auto& known : names)
+        if (known == name) return true;
+    // Bytes that go on with a character are none of their own.
+    int characters = 0;
+    for (const char c : name) characters += (static_cast<unsigned char>(c) & 0xC0U) != 0x80U ? 1 : 0;
+    return characters == 1;
+}
+
+Taken Key(const Deed& deed) {
+    if (!IsKeyName(deed.Text())) deed.Refuse("knows no key '" + deed.Text() + "'");
+    if (deed.Given() && deed.Given() != deed.Focused())
+        if (const auto entered = Enter(deed); !entered) return entered;
+    const auto& action = deed.Action();
+    return deed.Person().Key({deed.Text(), action.Shift, action.Ctrl, action.Alt});
+}
+
+Taken Scroll(const Deed& deed) {
+    const auto* grid = deed.As<controls::Grid>();
+    if (!grid) deed.Needed<controls::ScrollBar>();
+    if (grid && !Within(deed.Position(), grid->Rows()))
+        return deed.NotThere("row " + std::to_string(deed.Position()));
+    return deed.Person().Scroll(deed.On(), deed.Position());
+}
+
+Taken Activate(const Deed& deed) { return deed.Person().Activate(); }
+Taken Deactivate(const Deed& deed) { return deed.Person().Deactivate(); }
+Taken Close(const Deed& deed) { return deed.Person().Close(); }
+
+/// Whether an action is done to a control, to the form as a whole, or to either.
+enum class Scope : std::uint8_t { Control, Form, Either };
+
+struct Entry {
+    std::string_view Name;
+    Scope On;
+    Taken (*Do)(const Deed&);
+};
+
+constexpr std::array Entries{
+    Entry{"click", Scope::Control, Click},
+    Entry{"dblclick", Scope::Control, DblClick},
+    Entry{"set", Scope::Control, Set},
+    Entry{"type", Scope::Control, Type},
+    Entry{"cell", Scope::Control, Cell},
+    Entry{"select", Scope::Control, Select},
+    Entry{"enter", Scope::Control, Enter},
+    Entry{"leave", Scope::Either, Leave},
+    Entry{"tab", Scope::Control, Tab},
+    Entry{"toolbar", Scope::Control, PressToolbar},
+    Entry{"menu", Scope::Control, ChooseMenu},
+    Entry{"key", Scope::Either, Key},
+    Entry{"scroll", Scope::Control, Scroll},
+    Entry{"activate", Scope::Form, Activate},
+    Entry{"deactivate", Scope::Form, Deactivate},
+    Entry{"close", Scope::Form, Close},
+};
+
+const Entry& EntryOf(const std::string& action) {
+    for (const auto& entry : Entries)
+        if (entry.Name == action) return entry;
+    throw Error(ErrorNumber::TypeMismatch, "There is no action '" + action + "' on forms.");
+}
+
+}  // namespace
+
+ActionResult ActOnForm(const std::string& form, const FormAction& action) {
+    const auto found = controls::OpenForms().Find(form);
+    if (!found) throw Error(ErrorNumber::TypeMismatch, "No form '" + form + "' is open.");
+    const auto& entry = EntryOf(action.Action);
+    Control* control = nullptr;
+    if (!action.Control.empty()) {
+        control = found->Find(action.Control);
+        if (!control)
+            throw Error(ErrorNumber::TypeMismatch,
+                        found->Name() + " has no control '" + action.Control + "'.");
+    }
+    const Deed deed(*found, control, action);
+    if (entry.On == Scope::Control && !control) deed.Refuse("needs a control for '" + action.Action + "'");
+    if (entry.On == Scope::Form && control)
+        deed.Refuse("takes no '" + action.Action + "': that is for the form as a whole");
+    auto taken = entry.Do(deed);
+    return {taken.Yes, taken.Yes ? std::string() : std::move(taken.Reason)};
+}
+
+}  // namespace FX_Algen
