@@ -118,6 +118,10 @@ public:
     /// Whether the text of the open cell is selected still, so that what is typed takes its place.
     bool EditSelected() const noexcept { return edit_ && edit_->Selected; }
 
+    /// Enter in an open cell ends the edit and is then pressed on the grid itself; else it only ends the
+    /// edit.
+    bool EnterGoesOn = false;
+
     // -- events; row and column of the cell in question. A new text is what the cell is to hold: the code of
     // a coded list, "-1" or "0" for a check cell.
     std::function<bool(int row, int col)> OnBeforeEdit;                             ///< false: does not open

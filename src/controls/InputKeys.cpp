@@ -215,7 +215,10 @@ Taken Input::Steps::KeyOfTabs(TabControl& tabs, const KeyPress& key) {
 Taken Input::Steps::KeyInEdit(Grid& grid, const KeyPress& key) {
     if (const auto character = Typed(key)) return TypeCharacter(grid, *character);
     if (key.Ctrl || key.Alt) return Unused();
-    if (key.Name == "Enter") return EndEdit(grid);
+    if (key.Name == "Enter") {
+        auto ended = EndEdit(grid);
+        return ended && grid.EnterGoesOn ? Unused() : ended;
+    }
     if (key.Name == "Escape") {
         grid.CancelEdit();
         return {};

@@ -45,6 +45,7 @@ void frmProbenstelle::Eingabe_Verdrahten() {
     };
     vsfgAlgenArt.OnAfterEdit = [this](int row, int col) { Eingabe_Uebernehmen(row, col); };
     vsfgAlgenArt.OnBeforeRowLeave = [this](int row) { return Zeile_Verlassen(row); };
+    vsfgAlgenArt.EnterGoesOn = true;
     vsfgAlgenArt.OnKey = [this](const controls::KeyPress& key) { return Taste(key); };
     vsfgAlgenArt.OnCellClick = [this](int row, int col) {
         if (!IstTaxazeile(row)) return;
