@@ -26,7 +26,7 @@ public:
     virtual void FormChanged() {}             ///< caption, visible
     virtual void ControlChanged(Control&) {}  ///< any property; of a grid also its shape
     virtual void CellChanged(Grid&, int /*row*/, int /*col*/) {}
-    virtual void CursorMoved(Grid&) {}  ///< also when an edit opens or ends
+    virtual void CursorMoved(Grid&) {}  ///< also when an edit opens or ends, and when the top row changes
     virtual void FocusMoved(Control* /*from*/, Control* /*to*/) {}
 };
 

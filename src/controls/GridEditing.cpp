@@ -5,7 +5,8 @@
 #include "controls/Grid.h"
 #include "store/TextOrder.h"
 
-/// The cursor of a grid and the edits in its cells.
+/// The cursor of a grid and the edits in its cells. A handler runs as a copy: it may put another in its
+/// place.
 namespace FX_Algen::controls {
 
 namespace {
@@ -39,8 +40,8 @@ void Grid::Place(int row, int col, bool otherRow) {
     row_ = row;
     col_ = col;
     TellCursor();
-    if (otherRow && hooks_.RowEntered) hooks_.RowEntered(row_);
-    if (OnRowColChange) OnRowColChange();
+    if (const auto entered = otherRow ? hooks_.RowEntered : nullptr) entered(row_);
+    if (const auto handler = OnRowColChange) handler();
 }
 
 void Grid::Select(int row, int col) {
@@ -66,8 +67,9 @@ bool Grid::AskToLeave() {
     if (row_ < 0) return true;
     if (leaving_) return false;
     const Raised raised(leaving_);
-    if (OnBeforeRowLeave && !OnBeforeRowLeave(row_)) return false;
-    return row_ < 0 || !hooks_.BeforeRowLeave || hooks_.BeforeRowLeave(row_);
+    if (const auto handler = OnBeforeRowLeave; handler && !handler(row_)) return false;
+    const auto source = hooks_.BeforeRowLeave;
+    return row_ < 0 || !source || source(row_);
 }
 
 bool Grid::GoTo(int row, int col) {
@@ -113,7 +115,9 @@ void Grid::EditText(std::string text) {
 }
 
 bool Grid::MayOpen(int row, int col) const {
-    return editable_ != Editing::None && CanStand(row, col) && (!OnBeforeEdit || OnBeforeEdit(row, col));
+    if (editable_ == Editing::None || !CanStand(row, col)) return false;
+    const auto handler = OnBeforeEdit;
+    return !handler || handler(row, col);
 }
 
 bool Grid::StartEdit() {
@@ -141,14 +145,15 @@ std::optional<std::string> Grid::Held(int col, const std::string& typed) const {
 }
 
 bool Grid::Accepts(const std::string& text) {
-    if (!OnValidateEdit) return true;
+    const auto handler = OnValidateEdit;
+    if (!handler) return true;
     const Raised raised(ending_);
-    return OnValidateEdit(edit_->Row, edit_->Col, text);
+    return handler(edit_->Row, edit_->Col, text);
 }
 
 void Grid::Edited(int row, int col) {
-    if (hooks_.AfterEdit) hooks_.AfterEdit(row, col);
-    if (OnAfterEdit) OnAfterEdit(row, col);
+    if (const auto source = hooks_.AfterEdit) source(row, col);
+    if (const auto handler = OnAfterEdit) handler(row, col);
 }
 
 bool Grid::FinishEdit() {

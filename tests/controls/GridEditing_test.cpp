@@ -192,6 +192,23 @@ TEST_F(GridTest, OpensTheNextCellFromAHandlerOfTheLast) {
     EXPECT_EQ(grid.EditText(), "3.3");
 }
 
+TEST_F(GridTest, LetsAHandlerPutAnotherInItsPlace) {
+    int first = 0, second = 0;
+    const std::string long_text = "ein Text, der länger ist als was ein Handler bei sich trägt";
+    grid.OnAfterEdit = [&first, &second, long_text, this](int, int) {
+        grid.OnAfterEdit = [&second](int, int) { ++second; };
+        if (!long_text.empty()) ++first;
+    };
+    for (const auto* text : {"8", "9"}) {
+        grid.Select(3, 2);
+        grid.StartEdit();
+        grid.EditText(text);
+        EXPECT_TRUE(grid.FinishEdit());
+    }
+    EXPECT_EQ(first, 1);
+    EXPECT_EQ(second, 1);
+}
+
 TEST_F(GridTest, DropsAnEditWhoseCellGoes) {
     const std::vector<std::function<void()>> ways{[&] { grid.Rows(3); }, [&] { grid.Cols(2); },
                                                   [&] { grid.RemoveRow(3); }, [&] { grid.ClearCells(); }};
