@@ -66,7 +66,7 @@ bool SetMenuegruppe_Status(Form& form, const std::string& Menuegruppe, const sto
     if (zeilen->Eof() && zeilen->Bof()) return true;
     for (; !zeilen->Eof(); zeilen->MoveNext()) {
         const auto name = (*zeilen)["Funktionsname"].Text();
-        if (store::CompareCaseBlind(name, durchgang.Ausser) == 0) continue;
+        if (!durchgang.Ausser.empty() && store::CompareCaseBlind(name, durchgang.Ausser) == 0) continue;
         auto* control = form.Find(name);
         if (!control) return false;
         durchgang.Setzen(*control, (*zeilen)[durchgang.Spalte].Bool());

@@ -112,6 +112,13 @@ TEST_F(Menuegruppe, GoesOnWithTheOtherPassesWhereOneFails) {
     EXPECT_EQ(State(member), "0000");  // the passes of the last two ended at the button
 }
 
+TEST_F(Menuegruppe, EndsThePassAtAnEmptyName) {
+    Assign(3, "", "0", "0", "-1", "-1");
+    Assign(3, "mnuFenster(4)", "0", "0", "-1", "-1");
+    EXPECT_FALSE(Allgemein::SetMenuegruppe(*form, "Prüfer", main));
+    EXPECT_EQ(State(member), "1100");
+}
+
 TEST_F(Menuegruppe, EndsThePassAtANull) {
     Assign(3, "mnuFenster(4)", "Null", "0", "-1", "-1");
     EXPECT_FALSE(Allgemein::SetMenuegruppe(*form, "Prüfer", main));
