@@ -256,10 +256,7 @@ private:
     int ersteSummenzeile_ = -1;    ///< -1: the list is not filled, and no cell of it opens
     bool ohneSummen_ = false;      ///< while the list is being filled
     bool zeileGeaendert_ = false;  ///< what stands in the current row was not saved yet
-    /// `CF` that a failed save left in the stored row: the row had been written, its shares not.
-    std::optional<bool> geschriebenesCF_;
-    bool anteileHalbGespeichert_ = false;  ///< while a save is repeated that ended among the shares
-    std::string bestandsreihung_;          ///< names and order of the stands as the list of taxa shows them
+    std::string bestandsreihung_;  ///< names and order of the stands as the list of taxa shows them
     bool bestaendeUmgereiht_ = false;
     std::unique_ptr<ReturnField> rueckgabe_;
     std::unique_ptr<ImportComponent> import_;  ///< goes before the field that it writes to

@@ -54,7 +54,6 @@ void frmProbenstelle::Spalten_Anlegen() {
     auto& liste = vsfgAlgenArt;
     ersteSummenzeile_ = -1;
     zeileGeaendert_ = false;
-    geschriebenesCF_.reset();
     const auto bestaende = datenbank_->OpenRecordset(probenstelle::BestaendeDerTaxaliste(ID_TR()));
     intAnzahlMI = bestaende->RecordCount();
     bestandsreihung_ = Bestandsreihung();

@@ -5,6 +5,7 @@
 #include "controls/Port.h"
 #include "entry/AbfragenProbenstelle.h"
 #include "entry/frmProbenstelle.h"
+#include "store/Connection.h"
 
 /// Writing the rows of taxa.
 namespace FX_Algen::entry {
@@ -29,12 +30,13 @@ bool frmProbenstelle::Zeile_Verlassen(int row) {
 
 void frmProbenstelle::Zeile_Speichern(int row) {
     const controls::Hourglass sanduhr;
-    anteileHalbGespeichert_ = geschriebenesCF_.has_value();
+    // The row and its shares together or none of them: shares that were taken out and not put back, or that
+    // stayed with another CF than their row, would be findings lost.
+    store::Savepoint zusammen(datenbank_->SharedConnection());
     AlgenArt_Datenspeichern(row);
     AlgenArt_MIDatenSpeichern(row);
+    zusammen.Keep();
     zeileGeaendert_ = false;
-    anteileHalbGespeichert_ = false;
-    geschriebenesCF_.reset();
     Zeile_Anzeigen(row);
     Summen_Neu();
 }
@@ -51,8 +53,7 @@ probenstelle::Fundzeile frmProbenstelle::Fundzeile_Aus(int row) const {
 
 void frmProbenstelle::AlgenArt_Datenspeichern(int row) {
     const auto zeile = Fundzeile_Aus(row);
-    // After a save that ended between the row and its shares the row is stored under the new CF already.
-    const bool altes = geschriebenesCF_.value_or(vsfgAlgenArt.Checked(row, SpalteAltesCF()));
+    const bool altes = vsfgAlgenArt.Checked(row, SpalteAltesCF());
     const auto anweisung = probenstelle::TaxonSchreiben(ID_PS(), ID_ArtDerZeile(row), altes, zeile);
     datenbank_->Execute(anweisung);
     if (datenbank_->RecordsAffected() == 0)
@@ -62,7 +63,6 @@ void frmProbenstelle::AlgenArt_Datenspeichern(int row) {
             "In: " +
                 anweisung,
             anweisung);
-    geschriebenesCF_ = zeile.CF;
 }
 
 void frmProbenstelle::AlgenArt_MIDatenSpeichern(int row) {
@@ -73,8 +73,6 @@ void frmProbenstelle::AlgenArt_MIDatenSpeichern(int row) {
         const auto bestand = ID_TR_MIDerSpalte(col);
         const double anteil = vsfgAlgenArt.Number(row, col).value_or(0);
         datenbank_->Execute(probenstelle::AnteilLoeschen(bestand, art, altes));
-        // The save before may have written some of the shares under a CF that is neither of the two now.
-        if (anteileHalbGespeichert_) datenbank_->Execute(probenstelle::AnteilLoeschen(bestand, art, !altes));
         if (anteil == 0) continue;
         datenbank_->Execute(probenstelle::AnteilLoeschen(bestand, art, neues));
         datenbank_->Execute(probenstelle::AnteilSchreiben(bestand, art, neues, std::fabs(anteil)));
