@@ -1,13 +1,12 @@
 #include <algorithm>
 
 #include "entry/AbfragenProbenstelle.h"
+#include "entry/frmArtAuswahl.h"
 #include "entry/frmProbenstelle.h"
 #include "store/Allgemein.h"
 
 /// The commands of the algae sheet.
 namespace FX_Algen::entry {
-
-void ArtAuswahl_Show(Probenstellenbogen& bogen, Auswahlmodus modus);
 
 namespace {
 
