@@ -329,12 +329,29 @@ TEST_F(InputCells, KeysOfAnOpenCellGoToItsText) {
     EXPECT_FALSE(grid.IsEditing());
 }
 
+TEST_F(InputCells, EnterThatEndsAnEditPressesNoButton) {
+    auto& ok = form->Add<CommandButton>("cmdOK");
+    ok.Default(true);
+    ok.OnClick = [this] { Log("ok"); };
+    input.Enter(grid);
+    input.Key({"F2"});
+    EXPECT_TRUE(input.Key({"Enter"}));
+    EXPECT_THAT(Logged(), IsEmpty());
+    EXPECT_TRUE(input.Key({"Enter"}));
+    EXPECT_THAT(Logged(), ElementsAre("row 1", "ok"));
+}
+
 TEST_F(InputCells, EnterOnARefusedTextIsNotTaken) {
     grid.OnValidateEdit = [](int, int, const std::string&) { return false; };
+    grid.OnKey = [this](const KeyPress& key) {
+        Log("key " + key.Name);
+        return false;
+    };
     input.Enter(grid);
     input.Key({"x"});
     EXPECT_FALSE(input.Key({"Enter"}));
     EXPECT_EQ(grid.Text(1, name), "Öd");
+    EXPECT_THAT(Logged(), ElementsAre("key x"));
 }
 
 TEST_F(InputCells, ArrowsEndAnOpenEditAndGoOn) {
