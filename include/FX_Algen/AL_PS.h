@@ -14,7 +14,8 @@ namespace FX_Algen {
 /// A host sets its context into an instance and calls one operation at a time. Set members store and
 /// return, nothing is checked before an operation uses it, and a value stays until it is set again: the
 /// instance never forgets. Results come back in rows of the shared database, in get members of the same
-/// instance, or as a return value. Failures are thrown as `Error`; rows written until then stay.
+/// instance, or as a return value. Failures are thrown as `Error`; rows written until then stay. Before an
+/// operation begins, the sheets that are open save their rows.
 ///
 /// Order of calls: always `CurrentDB`, then `SprachID`. For the calculation set `IstWRRLBerechnung`,
 /// `ValenzGewicht` and `DebugModus`, call `Berechnung_Init` once, then for each sub-habitat set
@@ -165,11 +166,18 @@ public:
 
     // ---- operations -----------------------------------------------------------------------------------
 
-    /// Shows the algae sampling-site sheet of `TeilraumID`, without blocking. Fails with 445.
+    /// Shows the algae sampling-site sheet of `TeilraumID` as a child of `FX_MainWnd` and returns at once; the
+    /// sheet lives on and writes to the database by itself. A sub-habitat without sampling site asks whether
+    /// to create it; where the person does not want that, no sheet stays open and the call does not fail. The
+    /// sheet is open once on a thread: a second call saves it and gives it the sub-habitat of this one; where
+    /// it cannot be saved, it stays as it is and comes to the front. Fails with 3343 without a database, and
+    /// with what the store answers while the site is read.
     void Probenstelle_Show();
-    /// Shows the seston sampling-site sheet of `TeilraumID`, without blocking. Fails with 445.
+    /// The same with the seston sheet, which takes no `PSBez`, `CanEdit` and `AnzeigeVersion40`. Fails with
+    /// 3021 where a site is to be created for a sub-habitat that does not exist.
     void ProbenstelleSeston_Show();
-    /// Closes the algae sheet. Fails with 445.
+    /// Saves and closes the algae sheet; nothing where none is open. Where it cannot be saved, the person is
+    /// asked whether to close it without.
     void Probenstelle_Unload();
     /// Calculates the indices of `TeilraumID` into its row of `awaErgProjekt`. A sub-habitat without a row in
     /// `awaTeilraum` is not calculated and leaves no row. Fails with 3022 where the sub-habitat was

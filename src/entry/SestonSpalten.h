@@ -41,8 +41,8 @@ inline constexpr std::array<Spalte, Anzahl> Alle{{
     {CF_gespeichert, 1, 0, controls::CellKind::Check},
 }};
 
-/// What the cell of an abundance shows: nothing for 0 and Null. A negative one, which no edit makes, is shown:
-/// it must not hide.
+/// What the cell of an abundance shows: nothing for 0 and Null. A negative one, which no edit makes, is
+/// shown: it must not hide.
 inline std::string AbundanzText(const store::Value& wert, std::int16_t Sprache) {
     return wert.IsNull() || wert.R8() == 0 ? std::string() : controls::ShownNumber(wert, Sprache);
 }

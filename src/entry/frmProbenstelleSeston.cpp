@@ -5,6 +5,7 @@
 #include "controls/Numbers.h"
 #include "controls/Port.h"
 #include "entry/SestonSpalten.h"
+#include "manager/Datenbank.h"
 #include "store/Allgemein.h"
 
 namespace FX_Algen::entry {
@@ -51,11 +52,11 @@ frmProbenstelleSeston::frmProbenstelleSeston()
 void frmProbenstelleSeston::Felder_Einrichten() {
     Tag(std::to_string(TitelProbenstelle));
     lblTRBez.Tag("5711");
-    lblPSBez.Tag("5710");
+    lblPSBez.Tag("5660");
     cmdArtNeu.Tag("2005");
     cmdArtAendern.Tag("2006");
-    cmdArtLoeschen.Tag("5712");
-    cmdPrStelle4.Tag("5713");
+    cmdArtLoeschen.Tag("5665");
+    cmdPrStelle4.Tag("5666");
     txtTRBez.Locked(true);
     txtID_PS.Locked(true);
     txtID_PS.Visible(false);
@@ -82,6 +83,7 @@ void frmProbenstelleSeston::DebugModus(bool an) {
 bool frmProbenstelleSeston::DataObject_Init() {
     // What could not be saved stays in view rather than make room for other rows.
     if (datPrStelle.IsOpen() && !SaveRows()) return true;
+    manager::Vorhanden(datenbank_, "DataObject_Init");
     if (!Probenstelle_Vorhanden()) {
         if (Box(Text(TitelProbenstelle), Text(ProbenstelleAnlegen), store::Buttons::YesNo,
                 store::Symbol::Question) != store::Answer::Yes)
@@ -89,8 +91,11 @@ bool frmProbenstelleSeston::DataObject_Init() {
         Probenstelle_Anlegen();
     }
     const auto id = std::to_string(teilraumID_);
-    datTeilraum.Open(datenbank_, "SELECT * FROM Teilraum WHERE Teilraum.ID_TR=" + id);
-    datPrStelle.Open(datenbank_, "SELECT ID_PS, PSBez FROM sesPrStelle WHERE ID_TR=" + id);
+    // A sheet without a path reads where it writes.
+    const auto quelle =
+        dbName_.empty() ? datenbank_ : (workspace_ ? *workspace_ : store::Workspace()).OpenDatabase(dbName_);
+    datTeilraum.Open(quelle, "SELECT * FROM Teilraum WHERE Teilraum.ID_TR=" + id);
+    datPrStelle.Open(quelle, "SELECT ID_PS, PSBez FROM sesPrStelle WHERE ID_TR=" + id);
     gemeldeteFunde_ = 0;
     GridAlgenArt_Init();
     return true;

@@ -79,8 +79,7 @@ private:
     void Felder_Einrichten();
     void Liste_Verdrahten();
     bool Taste(const controls::KeyPress& taste);
-    bool Weitergehen(const controls::KeyPress& taste);
-    bool Eingabe_Pruefen(int spalte, const std::string& text);
+    bool Zeile_Verlassen(int zeile);
     void Eingabe_Nachtragen(int zeile, int spalte);
 
     bool Probenstelle_Vorhanden() const;

@@ -1,10 +1,6 @@
-#include <cmath>
-#include <limits>
-#include <utility>
-
-#include "controls/Numbers.h"
 #include "controls/Port.h"
 #include "entry/SestonSpalten.h"
+#include "entry/Taxaliste.h"
 #include "entry/frmArtAuswahl.h"
 #include "entry/frmProbenstelleSeston.h"
 #include "store/Allgemein.h"
@@ -14,17 +10,7 @@ namespace FX_Algen::entry {
 
 namespace {
 
-constexpr std::int16_t KeineZahl = 5716;
-constexpr std::int16_t KeineAbundanz = 5717;
-constexpr std::int16_t ArtLoeschen = 5718;
-
-/// Whether the column of the abundance can take the number as it is.
-bool Ist_Abundanz(double zahl) {
-    return zahl >= 0 && zahl <= std::numeric_limits<std::int32_t>::max() && std::floor(zahl) == zahl;
-}
-
-/// The abundance that is stored for a cell.
-std::int32_t AbundanzVon(std::optional<double> zahl) { return zahl ? store::Value(*zahl).I4() : 0; }
+constexpr std::int16_t ArtLoeschen = 5667;
 
 std::string Verdoppelt(const std::string& text) { return Allgemein::Str_Ersetzen(text, "'", "''"); }
 
@@ -35,14 +21,9 @@ void frmProbenstelleSeston::Liste_Verdrahten() {
     vsfgAlgenArt.OnBeforeEdit = [this](int zeile, int spalte) {
         return Hat_Taxon(zeile) && spalte >= CF && spalte <= Zusatz;
     };
-    vsfgAlgenArt.OnValidateEdit = [this](int, int spalte, const std::string& text) {
-        return Eingabe_Pruefen(spalte, text);
-    };
     vsfgAlgenArt.OnAfterEdit = [this](int zeile, int spalte) { Eingabe_Nachtragen(zeile, spalte); };
-    vsfgAlgenArt.OnBeforeRowLeave = [this](int zeile) {
-        if (Hat_Taxon(zeile) && Ist_Geaendert(zeile)) AlgenArt_Datenspeichern(zeile);
-        return true;
-    };
+    vsfgAlgenArt.OnBeforeRowLeave = [this](int zeile) { return Zeile_Verlassen(zeile); };
+    vsfgAlgenArt.EnterGoesOn = true;
     vsfgAlgenArt.OnKey = [this](const controls::KeyPress& taste) { return Taste(taste); };
 }
 
@@ -58,31 +39,28 @@ bool frmProbenstelleSeston::Ist_Geaendert(int zeile) const {
 
 // ---- edits ---------------------------------------------------------------------------------------------
 
-// A number that the column would round or could not hold is refused: nothing else than what was typed is
-// ever stored for a number.
-bool frmProbenstelleSeston::Eingabe_Pruefen(int spalte, const std::string& text) {
-    if (spalte != SestonSpalten::Abundanz) return true;
-    const auto zahl = controls::ReadNumber(text);
-    if (!zahl || Ist_Abundanz(*zahl)) return true;
-    Box(Allgemein::Str_Ersetzen(Text(KeineAbundanz), "|", text, true), store::Buttons::Ok,
-        store::Symbol::Exclamation);
-    return false;
-}
-
 void frmProbenstelleSeston::Eingabe_Nachtragen(int zeile, int spalte) {
     geaenderteZeile_ = zeile;
-    if (spalte != SestonSpalten::Abundanz) return;
-    const auto& text = vsfgAlgenArt.Text(zeile, spalte);
-    if (text.empty() || controls::ReadNumber(text)) return;
-    Box(Allgemein::Str_Ersetzen(Text(KeineZahl), "|", text, true), store::Buttons::Ok,
-        store::Symbol::Exclamation);
+    if (spalte == SestonSpalten::Abundanz) Zahl_Melden(*this, vsfgAlgenArt, zeile, spalte, true);
+}
+
+bool frmProbenstelleSeston::Zeile_Verlassen(int zeile) {
+    if (!Hat_Taxon(zeile) || !Ist_Geaendert(zeile)) return true;
+    try {
+        AlgenArt_Datenspeichern(zeile);
+        return true;
+    } catch (const Error& fehler) {
+        Failure(fehler);
+        return false;
+    }
 }
 
 void frmProbenstelleSeston::AlgenArt_Datenspeichern(int zeile) {
     using namespace SestonSpalten;
     const controls::Hourglass sanduhr;
     const bool cf = vsfgAlgenArt.Checked(zeile, CF);
-    const auto abundanz = AbundanzVon(vsfgAlgenArt.Number(zeile, Abundanz));
+    // What is no whole number of 32 bits fails here, before anything is written.
+    const auto abundanz = store::Value(vsfgAlgenArt.Number(zeile, Abundanz).value_or(0)).I4();
     datenbank_->Execute("UPDATE sesArtPrStelle SET CF=" + std::string(Allgemein::Bool_Text(cf)) +
                         ", Abundanz= " + std::to_string(abundanz) + ", Zusatz='" +
                         Verdoppelt(vsfgAlgenArt.Text(zeile, Zusatz)) + "' WHERE ID_PS=" + txtID_PS.Text() +
@@ -99,26 +77,6 @@ void frmProbenstelleSeston::AlgenArt_Datenspeichern(int zeile) {
 
 // ---- keys ----------------------------------------------------------------------------------------------
 
-// The cell that the key leads to opens at once. False where the key leads nowhere.
-bool frmProbenstelleSeston::Weitergehen(const controls::KeyPress& taste) {
-    auto& liste = vsfgAlgenArt;
-    const auto naechste = [&]() -> std::optional<std::pair<int, int>> {
-        if (taste.Name == "Tab") return liste.Neighbour(taste.Shift ? -1 : 1);
-        const int zeile = liste.Row() + (taste.Name == "Down") - (taste.Name == "Up");
-        int spalte = liste.Col();
-        const int schritt = (taste.Name == "Right") - (taste.Name == "Left");
-        if (schritt != 0)
-            for (spalte += schritt; spalte > 0 && spalte < liste.Cols() && liste.ColHidden(spalte);)
-                spalte += schritt;
-        if (!Hat_Taxon(zeile) || spalte <= SestonSpalten::Marke || spalte >= liste.Cols())
-            return std::nullopt;
-        return std::pair(zeile, spalte);
-    }();
-    if (!naechste) return false;
-    if (liste.GoTo(naechste->first, naechste->second)) liste.StartEdit();
-    return true;
-}
-
 bool frmProbenstelleSeston::Taste(const controls::KeyPress& taste) {
     if (taste.Ctrl || taste.Alt) return false;
     const int zeile = vsfgAlgenArt.Row();
@@ -131,12 +89,12 @@ bool frmProbenstelleSeston::Taste(const controls::KeyPress& taste) {
         return true;
     }
     if (taste.Name == "Space" && !vsfgAlgenArt.IsEditing() && Hat_Taxon(zeile)) {
+        const int spalte = vsfgAlgenArt.Col();
         vsfgAlgenArt.Toggle(zeile, SestonSpalten::CF);
+        vsfgAlgenArt.Select(zeile, spalte);
         return true;
     }
-    for (const auto* pfeil : {"Tab", "Up", "Down", "Left", "Right"})
-        if (taste.Name == pfeil) return Weitergehen(taste);
-    return false;
+    return Weitergehen(vsfgAlgenArt, taste);
 }
 
 // ---- commands ------------------------------------------------------------------------------------------

@@ -3,6 +3,7 @@
 #include "FX_Algen/Error.h"
 #include "calc/Berechnung.h"
 #include "calc/BerechnungSeston.h"
+#include "entry/Bogen_Show.h"
 #include "host/Named.h"
 #include "host/NotBuilt.h"
 #include "manager/Gesamttaxazahlen.h"
@@ -40,6 +41,21 @@ Listenauftrag ListeAus(const Kontext& kontext, std::int32_t TeilraumID) {
     auftrag.SprachID = kontext.SprachID;
     auftrag.Balken = {kontext.Pbar_SBFormhWnd, kontext.Pbar_SBLeft, kontext.Pbar_SBTop, kontext.Pbar_SBWidth,
                       kontext.Pbar_SBHeight};
+    return auftrag;
+}
+/// What both sheets take from the host's context.
+template <class Kontext>
+entry::Bogenauftrag BogenAus(const Kontext& kontext) {
+    entry::Bogenauftrag auftrag;
+    auftrag.CurrentWS = kontext.CurrentWS;
+    auftrag.CurrentDB = kontext.CurrentDB;
+    auftrag.SprachID = kontext.SprachID;
+    auftrag.TeilraumID = kontext.TeilraumID;
+    auftrag.DBName = kontext.DBName;
+    auftrag.DebugModus = kontext.DebugModus;
+    auftrag.FX_MainWnd = kontext.FX_MainWnd;
+    auftrag.AktBenutzer = kontext.AktBenutzer;
+    auftrag.QOVAKatalogID = kontext.QOVAKatalogID;
     return auftrag;
 }
 }  // namespace
@@ -131,9 +147,11 @@ void AL_PS::Get_ResString() {
 }
 
 void AL_PS::Get_Version() {
-    ergebnis_.Version = std::to_string(FX_ALGEN_VERSION_MAJOR) + "." +
-                        std::to_string(FX_ALGEN_VERSION_MINOR) + "-" +
-                        static_cast<char>('a' + FX_ALGEN_VERSION_PATCH);
+    Named("Get_Version", [this] {
+        ergebnis_.Version = std::to_string(FX_ALGEN_VERSION_MAJOR) + "." +
+                            std::to_string(FX_ALGEN_VERSION_MINOR) + "-" +
+                            static_cast<char>('a' + FX_ALGEN_VERSION_PATCH);
+    });
 }
 
 std::int16_t AL_PS::GesamttaxazahlTLR(const std::string& strSQL_TLR) {
@@ -168,9 +186,28 @@ void AL_PS::Get_WRRLErgRecordset() {
     });
 }
 
-void AL_PS::Probenstelle_Show() { NotBuilt(Klasse, "Probenstelle_Show"); }
-void AL_PS::ProbenstelleSeston_Show() { NotBuilt(Klasse, "ProbenstelleSeston_Show"); }
-void AL_PS::Probenstelle_Unload() { NotBuilt(Klasse, "Probenstelle_Unload"); }
+void AL_PS::Probenstelle_Show() {
+    Named("Probenstelle_Show", [this] {
+        SprachID_Anheben();
+        auto auftrag = BogenAus(kontext_);
+        auftrag.PSBez = kontext_.PSBez;
+        auftrag.CanEdit = kontext_.CanEdit;
+        auftrag.AnzeigeVersion40 = kontext_.AnzeigeVersion40;
+        entry::Probenstelle_Show(auftrag);
+    });
+}
+
+void AL_PS::ProbenstelleSeston_Show() {
+    Named("ProbenstelleSeston_Show", [this] {
+        SprachID_Anheben();
+        entry::ProbenstelleSeston_Show(BogenAus(kontext_));
+    });
+}
+
+void AL_PS::Probenstelle_Unload() {
+    Named("Probenstelle_Unload", [] { entry::Probenstelle_Unload(); });
+}
+
 void AL_PS::SetReportData_Auswertung() { NotBuilt(Klasse, "SetReportData_Auswertung"); }
 void AL_PS::Export_Taxaliste_GesamtHaeuf() { NotBuilt(Klasse, "Export_Taxaliste_GesamtHaeuf"); }
 void AL_PS::Export_Taxaliste_Gesamt() { NotBuilt(Klasse, "Export_Taxaliste_Gesamt"); }

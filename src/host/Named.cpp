@@ -3,6 +3,8 @@
 #include <string>
 
 #include "FX_Algen/Error.h"
+#include "controls/Input.h"
+#include "controls/OpenForms.h"
 
 namespace FX_Algen::host {
 
@@ -11,6 +13,12 @@ void ThrowNamed(std::string_view operation, const Error& error) {
     const auto description = error.Description();
     throw Error(error.Number(), description.starts_with(prefix) ? description : prefix + description,
                 error.Statement(), error.Translated());
+}
+
+void LeaveRows() {
+    if (controls::Input::Busy()) return;
+    auto& forms = controls::OpenForms();
+    if (!forms.All().empty()) forms.SaveRows();
 }
 
 }  // namespace FX_Algen::host

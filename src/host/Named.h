@@ -12,10 +12,17 @@ namespace FX_Algen::host {
 /// statements stay.
 [[noreturn]] void ThrowNamed(std::string_view operation, const Error& error);
 
-/// Runs an operation of a public class; what fails in it names the operation that the host called.
+/// Has all open forms leave their rows, so that an operation works on what was entered. What cannot be saved
+/// was shown in a box and stays on its form; the operation goes on with what is stored. Where a handler of a
+/// form itself calls the host, its row is just being dealt with and is left alone.
+void LeaveRows();
+
+/// Runs an operation of a public class, after the open forms left their rows; what fails in it names the
+/// operation that the host called.
 template <class Body>
 auto Named(std::string_view operation, Body body) {
     try {
+        LeaveRows();
         return body();
     } catch (const Error& error) {
         ThrowNamed(operation, error);

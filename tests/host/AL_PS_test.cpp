@@ -384,9 +384,6 @@ TEST_P(AL_PS_NotBuilt, FailWith445AndTheirName) {
 INSTANTIATE_TEST_SUITE_P(
     Operations, AL_PS_NotBuilt,
     testing::Values(
-        Operation{"Probenstelle_Show", [](AL_PS& ps) { ps.Probenstelle_Show(); }},
-        Operation{"ProbenstelleSeston_Show", [](AL_PS& ps) { ps.ProbenstelleSeston_Show(); }},
-        Operation{"Probenstelle_Unload", [](AL_PS& ps) { ps.Probenstelle_Unload(); }},
         Operation{"SetReportData_Auswertung", [](AL_PS& ps) { ps.SetReportData_Auswertung(); }},
         Operation{"Export_Taxaliste_GesamtHaeuf", [](AL_PS& ps) { ps.Export_Taxaliste_GesamtHaeuf(); }},
         Operation{"Export_Taxaliste_Gesamt", [](AL_PS& ps) { ps.Export_Taxaliste_Gesamt(); }},
