@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 
 #include "Conversation.h"
-#include "Dialogue.h"
+#include "DemoFixture.h"
+#include "FX_Algen/Texts.h"
+#include "SampleEntry.h"
 
 namespace FX_Algen::cli {
 namespace {
@@ -200,6 +202,224 @@ TEST(AutomateForms, IntegerBeyondItsRangeIsAnOverflow) {
     const auto answer =
         talk.Ask("form.act", {{"form", "x"}, {"action", "cell"}, {"row", 3000000000}, {"col", 1}});
     EXPECT_EQ(CodeOf(answer), 6) << answer;
+}
+
+// ---- on the sheets -------------------------------------------------------------------------------------
+
+constexpr const char* Sheet = "frmProbenstelle";
+
+/// Sub-habitat 2 of the demo: four taxa, no mixed stand; the first is in row 3, below two heads and a hidden
+/// row. Its columns are 8 and 9 for cover and thickness of macroalgae and 10 for valves.
+class AutomateSheets : public DemoFixture {
+protected:
+    void SetUp() override {
+        DemoFixture::SetUp();
+        entry_.OpenAlgae(path_, 2, "");
+    }
+
+    /// The first request of the session opened the database, so it has number 1.
+    std::string Stored(const std::string& sql) {
+        return talk_.Result("database.query", {{"database", 1}, {"sql", sql}})["rows"].dump();
+    }
+    Json Cell(int row, int col, const char* kind, const Json& value) const {
+        return {{"row", row}, {"col", col}, {kind, value}};
+    }
+    std::string Covers() {
+        return Stored("SELECT DG_MA FROM awaArtPrStelle WHERE ID_PS=2 AND ID_ART=" + FirstTaxon() + ";");
+    }
+    std::string FirstTaxon() { return entry_.Taxa()["cells"][3][1].get<std::string>(); }
+
+    OwnDialogue talk_;
+    SampleEntry entry_{talk_, Language::German};
+};
+
+TEST_F(AutomateSheets, ShownSheetIsListed) {
+    EXPECT_EQ(
+        talk_.Result("form.list").dump(),
+        R"([{"form":"frmProbenstelle","caption":"Algen - Probenstelle","visible":true,"parent":null}])");
+}
+
+TEST_F(AutomateSheets, PickerIsAChildOfItsSheet) {
+    entry_.Act("cmdArtNeu", "click");
+    const auto open = talk_.Result("form.list");
+    ASSERT_EQ(open.size(), 2U) << open;
+    EXPECT_EQ(open[1]["form"], "frmArtAuswahl");
+    EXPECT_EQ(open[1]["parent"], Sheet);
+    // Closing the sheet takes the picker with it.
+    entry_.CloseSheet();
+}
+
+TEST_F(AutomateSheets, StateTellsTheRowsAskedFor) {
+    const auto state = talk_.Result("form.state", {{"form", Sheet}, {"rows", {3, 4}}});
+    for (const auto& control : state["controls"]) {
+        if (control["name"] != "vsfgAlgenArt") continue;
+        EXPECT_EQ(control["firstRow"], 3);
+        EXPECT_EQ(control["cells"].size(), 2U);
+        EXPECT_EQ(control["cells"][0][4], false);
+        EXPECT_EQ(control["hiddenRows"], Json::array({2}));
+        return;
+    }
+    FAIL() << state;
+}
+
+TEST_F(AutomateSheets, FieldsTakeTextsAndNumbers) {
+    struct {
+        const char* Kind;
+        Json Value;
+        const char* Stored;
+    } const cases[] = {
+        {"text", "66,5", "[[66.5]]"}, {"text", "66.25", "[[66.25]]"}, {"value", 67, "[[67.0]]"},
+        {"value", 12.5, "[[12.5]]"},  {"value", "13,5", "[[13.5]]"},  {"value", 5e1, "[[50.0]]"},
+        {"value", 1e-5, "[[1e-05]]"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_TRUE(talk_.Act(Sheet, "txtAlgenGesamt", "set", {{c.Kind, c.Value}}));
+        EXPECT_TRUE(talk_.Act(Sheet, "vsfgAlgenArt", "enter"));
+        EXPECT_EQ(Stored("SELECT DG_Algengesamt FROM awaTeilraum WHERE ID_TR=2;"), c.Stored) << c.Value;
+    }
+}
+
+TEST_F(AutomateSheets, FieldThatKeepsTheFocusSaysSoWithABox) {
+    EXPECT_TRUE(talk_.Act(Sheet, "txtDG_Gesamt", "set", {{"text", "viel"}}));
+    EXPECT_FALSE(talk_.Act(Sheet, "cmdArtNeu", "click"));
+    EXPECT_NE(talk_.Reason(), "");
+    EXPECT_EQ(talk_.Result("form.state", {{"form", Sheet}})["focus"], "txtDG_Gesamt");
+    const auto shown = talk_.Result("dialog.shown");
+    ASSERT_FALSE(shown.empty());
+    EXPECT_EQ(shown.back()["text"], "Bitte geben Sie einen Zahlenwert ein!");
+    EXPECT_EQ(talk_.Result("form.list").size(), 1U);
+    EXPECT_TRUE(talk_.Act(Sheet, "txtDG_Gesamt", "set", {{"text", "67"}}));
+}
+
+TEST_F(AutomateSheets, CellThatIsRefusedIsNotTaken) {
+    // Row 3 is a macroalga, which has no valves.
+    EXPECT_FALSE(talk_.Act(Sheet, "vsfgAlgenArt", "cell", Cell(3, 10, "value", 7)));
+    EXPECT_NE(talk_.Reason(), "");
+    const auto shown = talk_.Result("dialog.shown");
+    ASSERT_EQ(shown.size(), 1U) << shown;
+    EXPECT_EQ(shown[0]["text"], Text(2093, Language::German));
+    EXPECT_EQ(entry_.Taxa()["cells"][3][10], "");
+}
+
+TEST_F(AutomateSheets, KeysMoveTheCursorAndSaveTheRow) {
+    EXPECT_TRUE(talk_.Act(Sheet, "vsfgAlgenArt", "cell", Cell(3, 8, "value", 3.5)));
+    EXPECT_TRUE(talk_.Act(Sheet, "vsfgAlgenArt", "key", {{"key", "Down"}}));
+    EXPECT_EQ(entry_.Row(), 4);
+    EXPECT_EQ(Covers(), "[[3.5]]");
+    EXPECT_EQ(
+        CodeOf(talk_.Ask(
+            "form.act", {{"form", Sheet}, {"control", "vsfgAlgenArt"}, {"action", "key"}, {"key", "Hinab"}})),
+        -32602);
+}
+
+TEST_F(AutomateSheets, WrongNamesAreWrongParameters) {
+    const auto control =
+        talk_.Ask("form.act", {{"form", Sheet}, {"control", "cmdÄhre"}, {"action", "click"}});
+    EXPECT_EQ(CodeOf(control), -32602);
+    EXPECT_THAT(MessageOf(control), HasSubstr("cmdÄhre"));
+    EXPECT_EQ(CodeOf(talk_.Ask("form.act", {{"form", Sheet}, {"control", "cmdArtNeu"}, {"action", "klick"}})),
+              -32602);
+    EXPECT_EQ(CodeOf(talk_.Ask("form.state", {{"form", Sheet}, {"rows", {4, 3}}})), -32602);
+}
+
+TEST_F(AutomateSheets, ParametersMayBeAListInOrder) {
+    EXPECT_EQ(talk_.Result("form.act", Json::array({Sheet, "txtAlgenGesamt", "set", "66"})),
+              (Json{{"taken", true}}));
+    EXPECT_EQ(talk_.Control(Sheet, "txtAlgenGesamt")["text"], "66");
+}
+
+TEST_F(AutomateSheets, ClosingTheDatabaseSavesAndClosesItsSheet) {
+    const auto taxon = FirstTaxon();
+    EXPECT_TRUE(talk_.Act(Sheet, "vsfgAlgenArt", "cell", Cell(3, 8, "value", 3.5)));
+    talk_.Result("database.close", {{"database", 1}});
+    EXPECT_EQ(talk_.Result("form.list"), Json::array());
+    const auto rows =
+        Open()->OpenRecordset("SELECT DG_MA FROM awaArtPrStelle WHERE ID_PS=2 AND ID_ART=" + taxon + ";");
+    EXPECT_EQ((*rows)["DG_MA"].Text(), "3.5");
+}
+
+TEST_F(AutomateSheets, ClosingAnotherDatabaseLeavesTheSheetOpen) {
+    const auto other = talk_.Result("database.open", {{"path", path_}})["database"];
+    talk_.Result("database.close", {{"database", other}});
+    EXPECT_EQ(talk_.Result("form.list").size(), 1U);
+}
+
+TEST_F(AutomateSheets, DatabaseStaysOpenWhereItsSheetCannotSave) {
+    EXPECT_TRUE(talk_.Act(Sheet, "vsfgAlgenArt", "cell", Cell(3, 8, "value", 3.5)));
+    // Somebody else takes the findings away.
+    talk_.Result("database.execute",
+                 {{"database", 1}, {"sql", "DELETE * FROM awaArtPrStelle WHERE ID_PS=2;"}});
+    const auto refused = talk_.Ask("database.close", {{"database", 1}});
+    EXPECT_EQ(CodeOf(refused), -32000) << refused;
+    EXPECT_THAT(MessageOf(refused), HasSubstr("frmProbenstelle"));
+    EXPECT_EQ(talk_.Result("form.list").size(), 1U);
+    EXPECT_EQ(Stored("SELECT ID_TR FROM awaTeilraum WHERE ID_TR=2;"), "[[2]]");
+    const auto shown = talk_.Result("dialog.shown");
+    ASSERT_FALSE(shown.empty());
+    EXPECT_EQ(shown.back()["kind"], "question");
+    EXPECT_EQ(shown.back()["answer"], "No");
+    // Who says so closes it without.
+    talk_.Result("dialog.answers", {{"answers", {"Yes"}}});
+    talk_.Result("database.close", {{"database", 1}});
+    EXPECT_EQ(talk_.Result("form.list"), Json::array());
+}
+
+TEST_F(AutomateSheets, NoSheetOutlivesItsSession) {
+    {
+        OwnDialogue other;
+        EXPECT_EQ(other.Result("form.list").size(), 1U) << "forms belong to the thread";
+    }
+    EXPECT_EQ(talk_.Result("form.list"), Json::array());
+}
+
+/// A whole run of the bridge, its requests as lines.
+class AutomateEnds : public DemoFixture {
+protected:
+    Outcome RunWith(const std::vector<std::pair<std::string, Json>>& more) const {
+        std::vector<std::pair<std::string, Json>> requests{
+            {"database.open", {{"path", path_}}},
+            {"object.create", {{"class", "AL_PS"}}},
+            {"object.set",
+             {{"object", 1},
+              {"members",
+               {{"CurrentDB", {{"database", 1}}}, {"DBName", path_}, {"TeilraumID", 2}, {"CanEdit", true}}}}},
+            {"object.call", {{"object", 1}, {"operation", "Probenstelle_Show"}}},
+            {"form.act",
+             {{"form", Sheet},
+              {"control", "vsfgAlgenArt"},
+              {"action", "cell"},
+              {"row", 3},
+              {"col", 8},
+              {"value", 3.5}}}};
+        requests.insert(requests.end(), more.begin(), more.end());
+        std::string lines;
+        for (const auto& [method, params] : requests)
+            lines +=
+                Json{{"jsonrpc", "2.0"}, {"id", 1}, {"method", method}, {"params", params}}.dump() + "\n";
+        std::istringstream in(lines);
+        std::ostringstream out;
+        std::ostringstream err;
+        const int code = Automate(in, out, err);
+        EXPECT_THAT(out.str(), HasSubstr("{\"taken\":true}"));
+        return {code, out.str(), err.str()};
+    }
+};
+
+TEST_F(AutomateEnds, SavesWhatWasTypedLast) {
+    const auto outcome = RunWith({});
+    EXPECT_EQ(outcome.Code, 0);
+    EXPECT_EQ(outcome.Err, "");
+    const auto rows = Open()->OpenRecordset("SELECT DG_MA FROM awaArtPrStelle WHERE ID_PS=2 AND DG_MA=3.5;");
+    EXPECT_EQ(rows->RecordCount(), 1);
+    EXPECT_TRUE(OpenForms().empty());
+}
+
+TEST_F(AutomateEnds, FailsWhereWhatWasTypedLastCannotBeSaved) {
+    const auto outcome = RunWith(
+        {{"database.execute", {{"database", 1}, {"sql", "DELETE * FROM awaArtPrStelle WHERE ID_PS=2;"}}}});
+    EXPECT_EQ(outcome.Code, 1);
+    EXPECT_EQ(outcome.Err, "fxalgen automate: what was typed last in frmProbenstelle could not be saved.\n");
+    EXPECT_TRUE(OpenForms().empty());
 }
 
 }  // namespace

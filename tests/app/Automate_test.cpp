@@ -30,12 +30,15 @@ class AutomateDatabase : public testing::Test {
 protected:
     /// One taxon in one sub-habitat: macroalga, cover 40 of 50 percent, layer 2 mm, SI 2, weight 1.
     void AddSample() {
+        db.Handle->Execute("INSERT INTO awaFamilie (ID_FAM, ID_GRGR) VALUES (900001, 131);");
+        db.Handle->Execute("INSERT INTO awaUnterFam (ID_UFAM, ID_FAM) VALUES (900001, 900001);");
         db.Handle->Execute(
-            "INSERT INTO awaArt (ID_ART, Gattung, Art, ID_UFAM) VALUES (900001, 'Ulothrix', 'größer', 0);");
+            "INSERT INTO awaArt (ID_ART, Gattung, Art, ID_UFAM) VALUES (900001, 'Ulothrix', 'größer', "
+            "900001);");
         db.Handle->Execute(
             "INSERT INTO awaModulStandard (ID_ART, SI, Sap_GBer, Algenart, Lebensform, Trophiewert, "
             "Trophiegewicht, "
-            "Trophiewert_N, Trophiegewicht_N) VALUES (900001, 2, 1, 1, 1, 2, 1, 2, 1);");
+            "Trophiewert_N, Trophiegewicht_N) VALUES (900001, 2, 1, 'Makroalge', 1, 2, 1, 2, 1);");
         db.Handle->Execute("INSERT INTO awaTeilraum (ID_TR, DG_Gesamt, DG_MA) VALUES (17, 50, 40);");
         db.Handle->Execute("INSERT INTO awaPrStelle (ID_PS, ID_TR, PSBez) VALUES (1, 17, 'Ufer');");
         db.Handle->Execute(
@@ -332,11 +335,26 @@ TEST(AutomateCalls, ArgumentsMayBeLeftOutWhereThereAreNone) {
 TEST(AutomateCalls, OperationsToComeAnswer445WithTheirName) {
     const std::map<std::string, std::vector<std::string>> built{
         {"AL_PS",
-         {"Berechnung_Execute", "Berechnung_Init", "CheckIstKA", "Berechnung_WRRLArtenliste",
-          "Berechnung_WRRLArtenlisteTLR", "Get_ResString", "Get_Version", "GesamttaxazahlTLR",
-          "Gesamttaxazahl", "GesamttaxazahlSeston", "GetBioregion_Kurzzeichen", "Get_WRRLErgRecordset",
-          "Berechnung_WRRL", "Berechnung_WRRLInit", "Pruefung_WRRL", "Berechnung_ExecuteSeston",
-          "Berechnung_InitSeston"}},
+         {"Berechnung_Execute",
+          "Berechnung_Init",
+          "CheckIstKA",
+          "Berechnung_WRRLArtenliste",
+          "Berechnung_WRRLArtenlisteTLR",
+          "Get_ResString",
+          "Get_Version",
+          "GesamttaxazahlTLR",
+          "Gesamttaxazahl",
+          "GesamttaxazahlSeston",
+          "GetBioregion_Kurzzeichen",
+          "Get_WRRLErgRecordset",
+          "Berechnung_WRRL",
+          "Berechnung_WRRLInit",
+          "Pruefung_WRRL",
+          "Berechnung_ExecuteSeston",
+          "Berechnung_InitSeston",
+          "Probenstelle_Show",
+          "ProbenstelleSeston_Show",
+          "Probenstelle_Unload"}},
         {"AL_PS_Grafik", {"Grafik_Verteilung_Init", "Grafik_ArtenDom_Init"}}};
     for (const std::string name : {"AL_PS", "AL_Katalog", "AL_PS_Grafik"}) {
         const auto object = rpc::MakeObject(name);
