@@ -4,6 +4,7 @@
 #include "entry/frmArtAuswahl.h"
 #include "entry/frmProbenstelle.h"
 #include "store/Allgemein.h"
+#include "store/Connection.h"
 
 /// The commands of the algae sheet.
 namespace FX_Algen::entry {
@@ -45,8 +46,11 @@ void frmProbenstelle::cmdArtLoeschen_Click() {
         Allgemein::Str_Ersetzen(Text(ArtLoeschenFrage), "|", vsfgAlgenArt.Text(row, SpalteGattung), true),
         "~", vsfgAlgenArt.Text(row, SpalteArt), true);
     if (Box(frage, store::Buttons::YesNo, store::Symbol::Question) != store::Answer::Yes) return;
+    // Shares that went without their taxon would be findings lost where the second statement fails.
+    store::Savepoint zusammen(datenbank_->SharedConnection());
     datenbank_->Execute(probenstelle::AnteileDesTaxonsLoeschen(ID_TR(), art, cf));
     datenbank_->Execute(probenstelle::TaxonLoeschen(ID_PS(), art, cf));
+    zusammen.Keep();
     GridAlgenArt_Init();
 }
 
