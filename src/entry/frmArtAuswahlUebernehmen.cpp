@@ -3,6 +3,7 @@
 #include "entry/ArtAuswahlAbfragen.h"
 #include "entry/frmArtAuswahl.h"
 #include "store/Allgemein.h"
+#include "store/Connection.h"
 
 /// Taking a taxon over: what the picker writes, and what it tells the sheet.
 namespace FX_Algen::entry {
@@ -96,10 +97,14 @@ void frmArtAuswahl::AddNew_ArtPrStelle(std::int32_t ID_PS, std::int32_t ID_Art, 
 void frmArtAuswahl::Update_ArtPrStelle(std::int32_t ID_TR, std::int32_t ID_PS, std::int32_t ID_Art_alt,
                                        std::int32_t ID_Art_neu, bool CF, bool& ok) {
     try {
+        // The row and its shares together: shares of a taxon that lost its row would bring it back as a
+        // finding when the sheet is opened next.
+        store::Savepoint zusammen(datenbank_->SharedConnection());
         datenbank_->Execute(SQL_Aendern(katalog_, ID_PS, ID_Art_alt, ID_Art_neu, CF));
         ok = datenbank_->RecordsAffected() > 0;
         if (ok && katalog_ == static_cast<std::int16_t>(entry::Katalog::Algen))
             datenbank_->Execute(SQL_AendernAnteile(ID_TR, ID_Art_alt, ID_Art_neu, CF));
+        zusammen.Keep();
     } catch (const Error&) {
         ok = false;
     }

@@ -232,6 +232,22 @@ TEST_F(Uebernahme, ACfRowThatWouldMeetItsTwinStaysAndTheSheetIsBuiltAllTheSame) 
     EXPECT_FALSE(Offen());
 }
 
+TEST_F(Uebernahme, ARowWhoseSharesCannotFollowKeepsItsTaxon) {
+    Fund(2, false);
+    datei.Ausfuehren("INSERT INTO awaTeilraum (ID_TR) VALUES (9);");
+    datei.Ausfuehren("INSERT INTO awaTeilraum_MI (ID_TR_MI, ID_TR, MI_Bez) VALUES (91, 9, 'Überzug');");
+    // A share of the new taxon stands there already, so that of the row cannot become one.
+    for (const auto* anteil : {"91, 2, 0, 30", "91, 3, 0, 20"})
+        datei.Ausfuehren(std::string("INSERT INTO awaArtPrStelle_MI (ID_TR_MI, ID_ART, CF, DG_MI) VALUES (") +
+                         anteil + ");");
+    Bogen().vsfgAlgenArt.Select(1, 2);
+    Picker(Auswahlmodus::Aendern);
+    Waehlen(Navicula, Lanceolata);
+    ASSERT_TRUE(Uebernehmen());
+    EXPECT_THAT(Boxen(), ElementsAre("Artauswahl - Ändern: " + Systemfehler));
+    EXPECT_THAT(bogen_->Funde(), ElementsAre("2"));
+}
+
 TEST_F(Uebernahme, ARowThatIsGoneMeanwhileIsTold) {
     Fund(2, false);
     Bogen().vsfgAlgenArt.Select(1, 2);
