@@ -312,6 +312,37 @@ TEST_F(AutomateSheets, KeysMoveTheCursorAndSaveTheRow) {
         -32602);
 }
 
+TEST_F(AutomateSheets, KeyboardAloneEntersAFinding) {
+    const auto key = [this](const char* form, const char* name) {
+        EXPECT_TRUE(talk_.Act(form, "", "key", {{"key", name}})) << form << " " << name << talk_.Reason();
+    };
+    const auto type = [this](const char* form, const char* control, const char* text) {
+        EXPECT_TRUE(talk_.Act(form, control, "type", {{"text", text}})) << text << talk_.Reason();
+    };
+    EXPECT_TRUE(talk_.Act(Sheet, "vsfgAlgenArt", "enter"));
+    key(Sheet, "Enter");
+    EXPECT_TRUE(talk_.Act("frmArtAuswahl", "cboGattung", "enter"));
+    type("frmArtAuswahl", "cboGattung", "nitz");
+    EXPECT_EQ(talk_.Control("frmArtAuswahl", "cboGattung")["text"], "Nitzschia");
+    key("frmArtAuswahl", "Tab");
+    type("frmArtAuswahl", "cboArt", "pal");
+    EXPECT_EQ(talk_.Control("frmArtAuswahl", "cboArt")["text"], "palea");
+    key("frmArtAuswahl", "Enter");
+    EXPECT_EQ(talk_.Result("form.list").size(), 1U);
+    // A diatom: the cursor waits in the column of the valves.
+    const auto taxa = entry_.Taxa();
+    EXPECT_EQ(taxa["col"], 10);
+    const auto& row = taxa["cells"][taxa["row"].get<std::size_t>()];
+    EXPECT_EQ(row[2], "Nitzschia");
+    EXPECT_EQ(row[3], "palea");
+    type(Sheet, "vsfgAlgenArt", "12");
+    key(Sheet, "Up");
+    EXPECT_EQ(Stored("SELECT Schalen_KA FROM awaArtPrStelle WHERE ID_PS=2 AND ID_ART=" +
+                     row[1].get<std::string>() + ";"),
+              "[[12]]");
+    EXPECT_EQ(talk_.Result("dialog.shown"), Json::array());
+}
+
 TEST_F(AutomateSheets, WrongNamesAreWrongParameters) {
     const auto control =
         talk_.Ask("form.act", {{"form", Sheet}, {"control", "cmdÄhre"}, {"action", "click"}});

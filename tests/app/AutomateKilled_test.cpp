@@ -181,6 +181,11 @@ TEST_P(KilledInABurst, LeavesEachRowWithTheSharesThatBelongToIt) {
         EXPECT_TRUE(found) << taxa[place] << ": " << rows[0] << " with " << shares[0] << ", confirmed round "
                            << confirmed;
     }
+    // The sheet opens without having to repair anything.
+    OwnDialogue talk;
+    SampleEntry entry(talk, Language::German);
+    entry.OpenAlgae(path_, Subhabitat, "");
+    EXPECT_EQ(talk.Result("dialog.shown"), Json::array());
 }
 
 INSTANTIATE_TEST_SUITE_P(Answers, KilledInABurst,
