@@ -11,29 +11,29 @@ namespace FX_Algen::entry {
 
 namespace {
 
-/// Readies the one sheet of its kind for another sub-habitat. False where an open one holds what cannot be
-/// saved.
-bool Frei(controls::Form& bogen) {
-    if (!bogen.SaveRows()) return false;
-    // A picker that stays would choose for rows that are not shown any more; it has written nothing yet.
-    for (const auto& kind : controls::OpenForms().ChildrenOf(bogen)) kind->Close(controls::Ending::Discard);
-    return true;
+/// Has all open forms leave their rows. False where the sheet itself could not be saved.
+bool Gespeichert(const controls::Form& bogen) {
+    bool gespeichert = true;
+    const auto formen = controls::OpenForms().All();
+    for (const auto& form : formen)
+        if (form->IsOpen() && !form->SaveRows() && form.get() == &bogen) gespeichert = false;
+    return gespeichert;
 }
 
-/// The sheet goes unseen unless it gets as far as being shown.
-template <class Einrichten, class Zeigen>
-void Anzeigen(controls::Form& bogen, std::int32_t hauptfenster, Einrichten einrichten, Zeigen zeigen) {
-    if (!Frei(bogen)) {
-        bogen.Show(hauptfenster);
+/// Hands the sheet its settings and shows it. It ends unseen where it opens no data.
+template <class Bogen, class Einrichten>
+void Anzeigen(Bogen& bogen, Einrichten einrichten) {
+    if (!Gespeichert(bogen)) {
+        bogen.Show(bogen.FX_MainWnd());
         return;
     }
+    // A picker that stays would choose for rows that are not shown any more; it has written nothing yet.
+    for (const auto& kind : controls::OpenForms().ChildrenOf(bogen)) kind->Close(controls::Ending::Discard);
     try {
-        if (!einrichten()) {
+        if (einrichten())
+            bogen.Show(bogen.FX_MainWnd());
+        else
             bogen.Close(controls::Ending::Discard);
-            return;
-        }
-        zeigen();
-        bogen.Show(hauptfenster);
     } catch (...) {
         if (!bogen.Visible()) bogen.Close(controls::Ending::Discard);
         throw;
@@ -58,35 +58,35 @@ void Uebergeben(Bogen& bogen, const Bogenauftrag& auftrag) {
 
 void Probenstelle_Show(const Bogenauftrag& auftrag) {
     const auto bogen = controls::OpenForms().Load<frmProbenstelle>();
-    Anzeigen(
-        *bogen, auftrag.FX_MainWnd,
-        [&] {
-            Uebergeben(*bogen, auftrag);
-            bogen->PSBez(auftrag.PSBez);
-            Allgemein::SetControlCaptions(*bogen, auftrag.SprachID);
-            bogen->CanEdit(auftrag.CanEdit);
-            bogen->AnzeigeVersion40(auftrag.AnzeigeVersion40);
-            bogen->EditMode(auftrag.CanEdit);
-            return bogen->DataObject_Init();
-        },
-        // The data may have come with buttons of their own: once more.
-        [&] { bogen->EditMode(auftrag.CanEdit); });
+    Anzeigen(*bogen, [&] {
+        Uebergeben(*bogen, auftrag);
+        bogen->PSBez(auftrag.PSBez);
+        Allgemein::SetControlCaptions(*bogen, auftrag.SprachID);
+        bogen->CanEdit(auftrag.CanEdit);
+        bogen->AnzeigeVersion40(auftrag.AnzeigeVersion40);
+        bogen->EditMode(auftrag.CanEdit);
+        if (!bogen->DataObject_Init()) return false;
+        // What came with the data takes the edit state, too.
+        bogen->EditMode(auftrag.CanEdit);
+        return true;
+    });
 }
 
 void ProbenstelleSeston_Show(const Bogenauftrag& auftrag) {
     const auto bogen = controls::OpenForms().Load<frmProbenstelleSeston>();
-    Anzeigen(
-        *bogen, auftrag.FX_MainWnd,
-        [&] {
-            Uebergeben(*bogen, auftrag);
-            Allgemein::SetControlCaptions(*bogen, auftrag.SprachID);
-            return bogen->DataObject_Init();
-        },
-        [] {});
+    Anzeigen(*bogen, [&] {
+        Uebergeben(*bogen, auftrag);
+        Allgemein::SetControlCaptions(*bogen, auftrag.SprachID);
+        return bogen->DataObject_Init();
+    });
 }
 
 void Probenstelle_Unload() {
-    if (const auto bogen = controls::OpenForms().Find<frmProbenstelle>()) bogen->Close();
+    const auto bogen = controls::OpenForms().Find<frmProbenstelle>();
+    const auto formen = controls::OpenForms().All();
+    for (const auto& form : formen)
+        if (form != bogen && form->IsOpen()) form->SaveRows();
+    if (bogen) bogen->Close();
 }
 
 }  // namespace FX_Algen::entry

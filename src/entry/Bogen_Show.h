@@ -5,7 +5,8 @@
 
 #include "FX_Algen/Store.h"
 
-/// What a host starts with the sheets of the sampling sites. Each sheet is open once at most on a thread.
+/// What a host starts with the sheets of the sampling sites. Each sheet is open once at most on a thread. All
+/// open forms leave their rows first.
 namespace FX_Algen::entry {
 
 /// What a sheet takes from the host's context.

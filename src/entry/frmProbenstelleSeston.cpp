@@ -83,7 +83,7 @@ void frmProbenstelleSeston::DebugModus(bool an) {
 bool frmProbenstelleSeston::DataObject_Init() {
     // What could not be saved stays in view rather than make room for other rows.
     if (datPrStelle.IsOpen() && !SaveRows()) return true;
-    manager::Vorhanden(datenbank_, "DataObject_Init");
+    manager::Vorhanden(currentDB_, "DataObject_Init");
     if (!Probenstelle_Vorhanden()) {
         if (Box(Text(TitelProbenstelle), Text(ProbenstelleAnlegen), store::Buttons::YesNo,
                 store::Symbol::Question) != store::Answer::Yes)
@@ -93,16 +93,18 @@ bool frmProbenstelleSeston::DataObject_Init() {
     const auto id = std::to_string(teilraumID_);
     // A sheet without a path reads where it writes.
     const auto quelle =
-        dbName_.empty() ? datenbank_ : (workspace_ ? *workspace_ : store::Workspace()).OpenDatabase(dbName_);
+        dbName_.empty() ? currentDB_ : (workspace_ ? *workspace_ : store::Workspace()).OpenDatabase(dbName_);
     datTeilraum.Open(quelle, "SELECT * FROM Teilraum WHERE Teilraum.ID_TR=" + id);
     datPrStelle.Open(quelle, "SELECT ID_PS, PSBez FROM sesPrStelle WHERE ID_TR=" + id);
+    // Not before: rows of the former site must not be written into another database.
+    datenbank_ = currentDB_;
     gemeldeteFunde_ = 0;
     GridAlgenArt_Init();
     return true;
 }
 
 bool frmProbenstelleSeston::Probenstelle_Vorhanden() const {
-    return !datenbank_
+    return !currentDB_
                 ->OpenRecordset(
                     "SELECT DISTINCTROW Teilraum.*, sesPrStelle.ID_PS, sesPrStelle.PSBez "
                     "FROM Teilraum INNER JOIN sesPrStelle ON Teilraum.ID_TR=sesPrStelle.ID_TR "
@@ -114,10 +116,10 @@ bool frmProbenstelleSeston::Probenstelle_Vorhanden() const {
 void frmProbenstelleSeston::Probenstelle_Anlegen() {
     const auto id = std::to_string(teilraumID_);
     // A site of no sub-habitat would be asked for again at each opening.
-    if (datenbank_->OpenRecordset("SELECT ID_TR FROM Teilraum WHERE ID_TR=" + id)->Eof())
+    if (currentDB_->OpenRecordset("SELECT ID_TR FROM Teilraum WHERE ID_TR=" + id)->Eof())
         throw Error(ErrorNumber::NoCurrentRecord,
                     "There is no sub-habitat " + id + ": no seston sampling site can be made for it.");
-    datenbank_->Execute("INSERT INTO sesPrStelle (ID_TR, PSBez) VALUES (" + id + ",'<NEU>');");
+    currentDB_->Execute("INSERT INTO sesPrStelle (ID_TR, PSBez) VALUES (" + id + ",'<NEU>');");
 }
 
 // ---- list of taxa --------------------------------------------------------------------------------------

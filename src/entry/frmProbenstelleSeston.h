@@ -18,15 +18,16 @@ class frmProbenstelleSeston : public controls::Form, public Probenstellenbogen {
 public:
     frmProbenstelleSeston();
 
-    // -- settings, in this order
+    // -- settings, in this order; `DataObject_Init` takes them
     void CurrentWS(store::WorkspacePtr workspace) { workspace_ = std::move(workspace); }
-    void CurrentDB(store::DatabasePtr datenbank) { datenbank_ = std::move(datenbank); }
+    void CurrentDB(store::DatabasePtr datenbank) { currentDB_ = std::move(datenbank); }
     using Form::Sprache;
     void TeilraumID(std::int32_t id) noexcept { teilraumID_ = id; }
     void DBName(std::string pfad) { dbName_ = std::move(pfad); }
     /// Shows the hidden field `txtID_PS`.
     void DebugModus(bool an);
     void FX_MainWnd(std::int32_t fenster) noexcept { hauptfenster_ = fenster; }
+    std::int32_t FX_MainWnd() const noexcept { return hauptfenster_; }
     void AktBenutzer(std::string name) { benutzer_ = std::move(name); }
     void QOVAKatalogID(std::int16_t id) noexcept { qovaKatalogID_ = id; }
 
@@ -50,13 +51,13 @@ public:
     controls::Form& Bogen() noexcept override { return *this; }
     Katalog BogenKatalog() const noexcept override { return Katalog::Seston; }
     store::WorkspacePtr BogenWS() const override { return workspace_; }
-    store::DatabasePtr BogenDB() const override { return datenbank_; }
+    store::DatabasePtr BogenDB() const override { return WorksOn(); }
     bool BogenDebugModus() const noexcept override { return debugModus_; }
     std::string BogenID_PS() const override { return txtID_PS.Text(); }
     std::optional<std::string> BogenID_TLR() const override { return std::nullopt; }
     controls::Grid& BogenTaxa() noexcept override { return vsfgAlgenArt; }
 
-    std::shared_ptr<store::Database> WorksOn() const override { return datenbank_; }
+    std::shared_ptr<store::Database> WorksOn() const override { return datenbank_ ? datenbank_ : currentDB_; }
 
     // -- controls
     controls::Label& lblTRBez;
@@ -95,7 +96,7 @@ private:
     void txtReturn_Geaendert();
 
     store::WorkspacePtr workspace_;
-    store::DatabasePtr datenbank_;
+    store::DatabasePtr currentDB_;
     std::int32_t teilraumID_ = 0;
     std::string dbName_;
     bool debugModus_ = false;
@@ -103,6 +104,7 @@ private:
     std::string benutzer_;
     std::int16_t qovaKatalogID_ = 0;
 
+    store::DatabasePtr datenbank_;        ///< `CurrentDB` as it was when the site was bound
     std::optional<int> geaenderteZeile_;  ///< the row that was changed and not saved yet
     std::int32_t gemeldeteFunde_ = 0;     ///< findings without a row that the person knows of
 };

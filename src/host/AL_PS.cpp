@@ -17,6 +17,7 @@
 namespace FX_Algen {
 
 using host::Named;
+using host::NamedOnly;
 using host::NotBuilt;
 
 namespace {
@@ -187,7 +188,7 @@ void AL_PS::Get_WRRLErgRecordset() {
 }
 
 void AL_PS::Probenstelle_Show() {
-    Named("Probenstelle_Show", [this] {
+    NamedOnly("Probenstelle_Show", [this] {
         SprachID_Anheben();
         auto auftrag = BogenAus(kontext_);
         auftrag.PSBez = kontext_.PSBez;
@@ -198,14 +199,14 @@ void AL_PS::Probenstelle_Show() {
 }
 
 void AL_PS::ProbenstelleSeston_Show() {
-    Named("ProbenstelleSeston_Show", [this] {
+    NamedOnly("ProbenstelleSeston_Show", [this] {
         SprachID_Anheben();
         entry::ProbenstelleSeston_Show(BogenAus(kontext_));
     });
 }
 
 void AL_PS::Probenstelle_Unload() {
-    Named("Probenstelle_Unload", [] { entry::Probenstelle_Unload(); });
+    NamedOnly("Probenstelle_Unload", [] { entry::Probenstelle_Unload(); });
 }
 
 void AL_PS::SetReportData_Auswertung() { NotBuilt(Klasse, "SetReportData_Auswertung"); }

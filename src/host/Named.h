@@ -17,16 +17,25 @@ namespace FX_Algen::host {
 /// form itself calls the host, its row is just being dealt with and is left alone.
 void LeaveRows();
 
-/// Runs an operation of a public class, after the open forms left their rows; what fails in it names the
-/// operation that the host called.
+/// Runs an operation that has the open forms leave their rows by itself; what fails in it names the operation
+/// that the host called.
 template <class Body>
-auto Named(std::string_view operation, Body body) {
+auto NamedOnly(std::string_view operation, Body body) {
     try {
-        LeaveRows();
         return body();
     } catch (const Error& error) {
         ThrowNamed(operation, error);
     }
+}
+
+/// Runs an operation of a public class, after the open forms left their rows; what fails in it names the
+/// operation that the host called.
+template <class Body>
+auto Named(std::string_view operation, Body body) {
+    return NamedOnly(operation, [&] {
+        LeaveRows();
+        return body();
+    });
 }
 
 }  // namespace FX_Algen::host

@@ -203,7 +203,7 @@ TEST_F(Boegen, ASecondShowLeavesASheetAloneThatCannotBeSaved) {
     const auto bogen = Offen<frmProbenstelleSeston>();
     EXPECT_EQ(bogen->txtPSBez.Text(), "Überlauf");
     EXPECT_EQ(bogen->vsfgAlgenArt.Text(1, 5), "99999999999");
-    EXPECT_FALSE(Boxen().empty());
+    EXPECT_EQ(Boxen().size(), 1U);  // told once
     EXPECT_EQ(Abundanz(), 5);
     EXPECT_EQ(display->Gezeigt.size(), 2U);  // brought to the front
 }
@@ -220,6 +220,41 @@ TEST_F(Boegen, UnloadSavesAndClosesTheAlgaeSheetAlone) {
     EXPECT_EQ(db.One("SELECT PSBez FROM awaPrStelle WHERE ID_PS=5;").Text(), "Straße");
     EXPECT_EQ(Offen<frmProbenstelle>(), nullptr);
     EXPECT_NE(Offen<frmProbenstelleSeston>(), nullptr);
+}
+
+TEST_F(Boegen, UnloadAsksWhereTheSheetCannotBeSavedAndSavesTheOthers) {
+    ps.TeilraumID(9);
+    ps.CanEdit(true);
+    ps.Probenstelle_Show();
+    ps.ProbenstelleSeston_Show();
+    Tippen("8");
+    const auto bogen = Offen<frmProbenstelle>();
+    ASSERT_TRUE(Input(*bogen).SetText(bogen->txtPSBez, "Straße"));
+    db.Handle->Execute("DELETE * FROM awaPrStelle WHERE ID_PS=5;");
+    display->Messages().SetAnswers({store::Answer::No});
+    ps.Probenstelle_Unload();
+    EXPECT_EQ(Boxen().size(), 2U);  // why, and whether to close all the same
+    EXPECT_TRUE(bogen->IsOpen());
+    EXPECT_EQ(bogen->txtPSBez.Text(), "Straße");
+    EXPECT_EQ(Abundanz(), 8);
+}
+
+TEST_F(Boegen, AFailedSecondShowLeavesTheSheetOnItsOwnDatabase) {
+    ps.TeilraumID(9);
+    ps.ProbenstelleSeston_Show();
+    ps.DBName("gibt es nicht.db");
+    try {
+        ps.ProbenstelleSeston_Show();
+        FAIL();
+    } catch (const Error& error) {
+        EXPECT_EQ(error.Number(), ErrorNumber::FileNotFound);
+    }
+    AL_PS ohne;
+    EXPECT_THROW(ohne.ProbenstelleSeston_Show(), Error);
+    ASSERT_NE(Offen<frmProbenstelleSeston>(), nullptr);
+    Tippen("3");
+    ps.Get_Version();
+    EXPECT_EQ(Abundanz(), 3);
 }
 
 TEST_F(Boegen, OperationsWorkOnWhatWasEnteredLast) {
