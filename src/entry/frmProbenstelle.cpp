@@ -61,8 +61,9 @@ bool frmProbenstelle::DataObject_Init() {
         if (!HatZeile(CurrentDB_, probenstelle::Stellen(TeilraumID_)))
             CurrentDB_->Execute(probenstelle::StelleAnlegen(TeilraumID_, PSBez_));
     }
-    datenbank_ = CurrentDB_;
     Datenquellen_Oeffnen();
+    // Not before: rows of the former site must not be written into another database.
+    datenbank_ = CurrentDB_;
     GridAlgenTL_MI_Init();
     GridAlgenArt_Init();
     Import_Anlegen();

@@ -222,6 +222,16 @@ TEST_F(Boegen, UnloadSavesAndClosesTheAlgaeSheetAlone) {
     EXPECT_NE(Offen<frmProbenstelleSeston>(), nullptr);
 }
 
+TEST_F(Boegen, AFailedSecondShowLeavesTheAlgaeSheetOnItsOwnDatabase) {
+    ps.TeilraumID(9);
+    ps.Probenstelle_Show();
+    const auto zweite = store::Workspace().OpenDatabase(db.Path());
+    ps.CurrentDB(zweite);
+    ps.DBName("gibt es nicht.db");
+    EXPECT_THROW(ps.Probenstelle_Show(), Error);
+    EXPECT_EQ(Offen<frmProbenstelle>()->WorksOn(), db.Handle);
+}
+
 TEST_F(Boegen, UnloadAsksWhereTheSheetCannotBeSavedAndSavesTheOthers) {
     ps.TeilraumID(9);
     ps.CanEdit(true);
