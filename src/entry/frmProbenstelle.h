@@ -211,7 +211,6 @@ private:
     void Eingabe_Uebernehmen(int row, int col);
     void Eingabe_Melden(int row, int col);
     bool Taste(const controls::KeyPress& key);
-    bool Weitergehen(const controls::KeyPress& key);
     // -- frmProbenstelleSpeichern.cpp
     bool Zeile_Geaendert(int row) const;
     bool Zeile_Verlassen(int row);

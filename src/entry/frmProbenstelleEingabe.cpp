@@ -1,6 +1,5 @@
-#include <cmath>
-
 #include "controls/Numbers.h"
+#include "entry/Taxaliste.h"
 #include "entry/frmProbenstelle.h"
 #include "store/Allgemein.h"
 
@@ -9,8 +8,6 @@ namespace FX_Algen::entry {
 
 namespace {
 
-constexpr std::int16_t KeineZahl = 5668;
-constexpr std::int16_t KeineGanzeZahl = 5669;
 constexpr std::int16_t KleinerAls0 = 5670;
 
 /// What refuses an entry, by the kind of the taxon; 0 where nothing does.
@@ -85,27 +82,13 @@ void frmProbenstelle::Eingabe_Uebernehmen(int row, int col) {
     if (col >= SpalteDG_MA) Eingabe_Melden(row, col);
 }
 
-/// Says beforehand where something else is stored than what was typed.
+/// Says beforehand where something else is stored or shown than what was typed.
 void frmProbenstelle::Eingabe_Melden(int row, int col) {
     const auto text = vsfgAlgenArt.Text(row, col);
-    if (text.empty()) return;
-    const auto melden = [&](std::int16_t meldung) {
-        return Allgemein::Str_Ersetzen(Text(meldung), "|", text, true);
-    };
-    const auto zeigen = [this](const std::string& meldung) {
-        Box(meldung, store::Buttons::Ok, store::Symbol::Exclamation);
-    };
-    const auto zahl = controls::ReadNumber(text);
-    if (!zahl) {
-        zeigen(melden(KeineZahl));
-        return;
-    }
-    if (col == SpalteSchalen() && std::nearbyint(*zahl) != *zahl) {
-        const auto ganze = controls::ShownNumber(std::nearbyint(*zahl), Sprache());
-        zeigen(Allgemein::Str_Ersetzen(melden(KeineGanzeZahl), "~", ganze, true));
-        vsfgAlgenArt.Text(row, col, ganze);
-    }
-    if (*zahl < 0 && !IstBestandsspalte(col)) zeigen(melden(KleinerAls0));
+    Zahl_Melden(*this, vsfgAlgenArt, row, col, col == SpalteSchalen());
+    if (controls::ReadNumber(text).value_or(0) < 0 && !IstBestandsspalte(col))
+        Box(Allgemein::Str_Ersetzen(Text(KleinerAls0), "|", text, true), store::Buttons::Ok,
+            store::Symbol::Exclamation);
 }
 
 // ---- keys ----------------------------------------------------------------------------------------------
@@ -118,9 +101,7 @@ bool frmProbenstelle::Taste(const controls::KeyPress& key) {
         cmdArtNeu_Click();
         return true;
     }
-    if (key.Name == "Tab" || key.Name == "Left" || key.Name == "Right" || key.Name == "Up" ||
-        key.Name == "Down")
-        return Weitergehen(key);
+    if (Weitergehen(liste, key)) return true;
     if (liste.IsEditing()) return false;
     if (key.Name == "Space" || key.Name == " ") {
         if (!IstTaxazeile(liste.Row())) return true;
@@ -134,26 +115,6 @@ bool frmProbenstelle::Taste(const controls::KeyPress& key) {
         return true;
     }
     return false;
-}
-
-/// Moves the cursor as the key says and opens the cell that it comes to.
-bool frmProbenstelle::Weitergehen(const controls::KeyPress& key) {
-    auto& liste = vsfgAlgenArt;
-    if (key.Name == "Tab") {
-        const auto ziel = liste.Neighbour(key.Shift ? -1 : 1);
-        // From the last cell Tab leads out of the list.
-        if (!ziel) return false;
-        if (liste.GoTo(ziel->first, ziel->second)) liste.StartEdit();
-        return true;
-    }
-    const int zeilen = key.Name == "Down" ? 1 : key.Name == "Up" ? -1 : 0;
-    const int spalten = key.Name == "Right" ? 1 : key.Name == "Left" ? -1 : 0;
-    int row = liste.Row() + zeilen, col = liste.Col() + spalten;
-    while (col >= liste.FixedCols() && col < liste.Cols() && liste.ColHidden(col)) col += spalten;
-    const bool da =
-        row >= liste.FixedRows() && row < liste.Rows() && col >= liste.FixedCols() && col < liste.Cols();
-    if (da && liste.GoTo(row, col)) liste.StartEdit();
-    return true;
 }
 
 }  // namespace FX_Algen::entry

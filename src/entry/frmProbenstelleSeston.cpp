@@ -84,6 +84,9 @@ bool frmProbenstelleSeston::DataObject_Init() {
     // What could not be saved stays in view rather than make room for other rows.
     if (datPrStelle.IsOpen() && !SaveRows()) return true;
     manager::Vorhanden(currentDB_, "DataObject_Init");
+    // A sheet without a path reads where it writes.
+    const auto quelle =
+        dbName_.empty() ? currentDB_ : (workspace_ ? *workspace_ : store::Workspace()).OpenDatabase(dbName_);
     if (!Probenstelle_Vorhanden()) {
         if (Box(Text(TitelProbenstelle), Text(ProbenstelleAnlegen), store::Buttons::YesNo,
                 store::Symbol::Question) != store::Answer::Yes)
@@ -91,9 +94,6 @@ bool frmProbenstelleSeston::DataObject_Init() {
         Probenstelle_Anlegen();
     }
     const auto id = std::to_string(teilraumID_);
-    // A sheet without a path reads where it writes.
-    const auto quelle =
-        dbName_.empty() ? currentDB_ : (workspace_ ? *workspace_ : store::Workspace()).OpenDatabase(dbName_);
     datTeilraum.Open(quelle, "SELECT * FROM Teilraum WHERE Teilraum.ID_TR=" + id);
     datPrStelle.Open(quelle, "SELECT ID_PS, PSBez FROM sesPrStelle WHERE ID_TR=" + id);
     // Not before: rows of the former site must not be written into another database.

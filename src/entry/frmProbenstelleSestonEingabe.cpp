@@ -88,7 +88,7 @@ bool frmProbenstelleSeston::Taste(const controls::KeyPress& taste) {
         Art_Loeschen();
         return true;
     }
-    if (taste.Name == "Space" && !vsfgAlgenArt.IsEditing() && Hat_Taxon(zeile)) {
+    if ((taste.Name == "Space" || taste.Name == " ") && !vsfgAlgenArt.IsEditing() && Hat_Taxon(zeile)) {
         const int spalte = vsfgAlgenArt.Col();
         vsfgAlgenArt.Toggle(zeile, SestonSpalten::CF);
         vsfgAlgenArt.Select(zeile, spalte);
