@@ -97,6 +97,14 @@ std::string Taxa(std::int32_t ID_PS) {
         "awaArtPrStelle.CF DESC;");
 }
 
+std::string FundeDerStelle(std::int32_t ID_PS) {
+    return Text("SELECT ID_Art FROM awaArtPrStelle WHERE ID_PS=", Z(ID_PS), ";");
+}
+
+std::string FundeDesTaxons(std::int32_t ID_PS, std::int32_t ID_Art) {
+    return Text("SELECT ID_Art FROM awaArtPrStelle WHERE ID_PS=", Z(ID_PS), " AND ID_Art=", Z(ID_Art), ";");
+}
+
 std::string Anteile(std::int32_t ID_TR) {
     return Text("SELECT DISTINCTROW awaArtPrStelle_MI.* ", VonAnteilen,
                 "WHERE awaTeilraum_MI.ID_TR=", Z(ID_TR),

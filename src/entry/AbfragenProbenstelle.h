@@ -35,6 +35,9 @@ std::string BestandLoeschen(std::int32_t ID_TR_MI);
 /// What the list of taxa shows of each finding of a sampling site. A taxon without ratings or without place
 /// in the taxonomy is among them.
 std::string Taxa(std::int32_t ID_PS);
+/// All findings of a sampling site, and those of one taxon.
+std::string FundeDerStelle(std::int32_t ID_PS);
+std::string FundeDesTaxons(std::int32_t ID_PS, std::int32_t ID_Art);
 /// The shares in the mixed stands of a sub-habitat, by stand, taxon, `CF` before plain.
 std::string Anteile(std::int32_t ID_TR);
 std::string Algenart(std::int32_t ID_Art);

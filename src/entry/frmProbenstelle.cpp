@@ -52,6 +52,9 @@ void frmProbenstelle::EditMode(bool CanEdit) {
 bool frmProbenstelle::DataObject_Init() {
     if (datenbank_ && !SaveRows()) return true;
     manager::Vorhanden(CurrentDB_, "DataObject_Init");
+    // A sheet without a path reads where it writes.
+    const auto quelle =
+        DBName_.empty() ? CurrentDB_ : (CurrentWS_ ? *CurrentWS_ : store::Workspace()).OpenDatabase(DBName_);
     if (!HatZeile(CurrentDB_, probenstelle::TeilraumMitStelle(TeilraumID_))) {
         if (Box(Text(Titel), Text(NochNichtVorhanden), store::Buttons::YesNo, store::Symbol::Question) !=
             store::Answer::Yes)
@@ -61,22 +64,16 @@ bool frmProbenstelle::DataObject_Init() {
         if (!HatZeile(CurrentDB_, probenstelle::Stellen(TeilraumID_)))
             CurrentDB_->Execute(probenstelle::StelleAnlegen(TeilraumID_, PSBez_));
     }
-    Datenquellen_Oeffnen();
+    datTeilraum.Open(quelle, probenstelle::Teilraum(TeilraumID_));
+    datPrStelle.Open(quelle, probenstelle::Stellen(TeilraumID_));
+    datTeilraum_MI.Open(quelle, probenstelle::Bestaende(TeilraumID_));
     // Not before: rows of the former site must not be written into another database.
     datenbank_ = CurrentDB_;
     GridAlgenTL_MI_Init();
     GridAlgenArt_Init();
     Import_Anlegen();
+    Fehlende_Melden();
     return true;
-}
-
-void frmProbenstelle::Datenquellen_Oeffnen() {
-    // A sheet without a path reads where it writes.
-    const auto quelle =
-        DBName_.empty() ? CurrentDB_ : (CurrentWS_ ? *CurrentWS_ : store::Workspace()).OpenDatabase(DBName_);
-    datTeilraum.Open(quelle, probenstelle::Teilraum(TeilraumID_));
-    datPrStelle.Open(quelle, probenstelle::Stellen(TeilraumID_));
-    datTeilraum_MI.Open(quelle, probenstelle::Bestaende(TeilraumID_));
 }
 
 // ---- import --------------------------------------------------------------------------------------------

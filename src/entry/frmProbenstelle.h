@@ -182,7 +182,6 @@ private:
     void Satz_Anzeigen();
     std::vector<controls::TextBox*> Textfelder();
     // -- frmProbenstelle.cpp
-    void Datenquellen_Oeffnen();
     void Import_Anlegen();
     void Rueckgabe_Geaendert();
     // -- Importspalten.cpp
@@ -203,6 +202,8 @@ private:
     void Taxazeile_Fuellen(int row, const store::Recordset& fund);
     void Summenzeilen_Anlegen();
     void Taxazahl_Zeigen();
+    void Fehlende_Melden();
+    void Taxon_Nachtragen(std::int32_t ID_Art, bool cf);
     void GridAlgenArt_NeuMitCursor();
     // -- frmProbenstelleEingabe.cpp
     void Eingabe_Verdrahten();

@@ -6,6 +6,7 @@
 #include "controls/Port.h"
 #include "entry/AbfragenProbenstelle.h"
 #include "entry/frmProbenstelle.h"
+#include "store/Allgemein.h"
 
 /// The list of taxa: columns, rows, shares, and the repair of taxa that have shares but are not listed.
 namespace FX_Algen::entry {
@@ -17,6 +18,7 @@ constexpr controls::Colour Artgrenze{0x007D7D};
 constexpr std::int16_t AutomatischBehoben = 2047;
 constexpr std::int16_t TaxaZeilen = 3321;
 constexpr std::int16_t ProzentDG = 2034;
+constexpr std::int16_t FundeOhneTaxon = 5715;
 /// The only life form that takes part in an assessment.
 constexpr std::int32_t Bewertbar = 1;
 constexpr int Versteckt = 0;
@@ -160,26 +162,44 @@ void frmProbenstelle::GrdAlgenArt_MIDaten(bool& ok) {
     ok = true;
     std::map<std::int32_t, int> spalten;
     for (int col = intStartColMi; col < SpalteSchalen(); ++col) spalten[ID_TR_MIDerSpalte(col)] = col;
-    // A taxon in several stands is entered once.
+    // Whether the site has a taxon that the list has not, since the catalogue lacks it; and what was entered
+    // here, since a taxon may have a share in several stands.
+    std::map<std::int32_t, bool> ohneKatalog;
     std::set<std::pair<std::int32_t, bool>> nachgetragen;
     const auto anteile = datenbank_->OpenRecordset(probenstelle::Anteile(ID_TR()));
     for (; !anteile->Eof(); anteile->MoveNext()) {
         const auto art = (*anteile)["ID_ART"].I4();
         const bool cf = Wahr((*anteile)["CF"]);
-        const bool gelistet = zeilen_.contains({art, cf});
-        if (!gelistet && !zeilen_.contains({art, !cf})) {
-            ok = false;
-            if (!nachgetragen.insert({art, cf}).second) continue;
-            const auto algenart = datenbank_->OpenRecordset(probenstelle::Algenart(art));
-            datenbank_->Execute(probenstelle::TaxonNachtragen(
-                ID_PS(), art, cf, !algenart->Eof() && IstMakroalge((*algenart)["Algenart"])));
+        if (const auto zeile = zeilen_.find({art, cf}); zeile != zeilen_.end()) {
+            const auto spalte = spalten.find((*anteile)["ID_TR_MI"].I4());
+            if (spalte != spalten.end())
+                vsfgAlgenArt.Text(zeile->second, spalte->second,
+                                  controls::ShownAboveZero((*anteile)["DG_MI"], Sprache()));
             continue;
         }
-        const auto spalte = spalten.find((*anteile)["ID_TR_MI"].I4());
-        if (!gelistet || spalte == spalten.end()) continue;
-        vsfgAlgenArt.Text(zeilen_.at({art, cf}), spalte->second,
-                          controls::ShownAboveZero((*anteile)["DG_MI"], Sprache()));
+        if (zeilen_.contains({art, !cf})) continue;
+        if (!ohneKatalog.contains(art))
+            ohneKatalog[art] = !datenbank_->OpenRecordset(probenstelle::FundeDesTaxons(ID_PS(), art))->Eof();
+        if (ohneKatalog[art]) continue;
+        ok = false;
+        if (nachgetragen.insert({art, cf}).second) Taxon_Nachtragen(art, cf);
     }
+}
+
+void frmProbenstelle::Taxon_Nachtragen(std::int32_t ID_Art, bool cf) {
+    const auto werte = datenbank_->OpenRecordset(probenstelle::Algenart(ID_Art));
+    const bool makroalge = !werte->Eof() && IstMakroalge((*werte)["Algenart"]);
+    datenbank_->Execute(probenstelle::TaxonNachtragen(ID_PS(), ID_Art, cf, makroalge));
+}
+
+/// Says how many findings the list does not show: without a row in the catalogue a taxon has no name.
+void frmProbenstelle::Fehlende_Melden() {
+    if (ersteSummenzeile_ < 0) return;
+    const int funde = datenbank_->OpenRecordset(probenstelle::FundeDerStelle(ID_PS()))->RecordCount();
+    const int fehlende = funde - (ersteSummenzeile_ - ErsteTaxazeile);
+    if (fehlende <= 0) return;
+    Box(Allgemein::Str_Ersetzen(Text(FundeOhneTaxon), "|", std::to_string(fehlende)), store::Buttons::Ok,
+        store::Symbol::Exclamation);
 }
 
 // ---- cursor --------------------------------------------------------------------------------------------

@@ -73,6 +73,7 @@ void frmProbenstelle::cmdAlgenMI_Hinzufuegen_Click() {
     }
     if (neuer >= 0) vsfgAlgenTL_MI.Select(neuer, SpalteMI_Bez);
     GridAlgenArt_NeuMitCursor();
+    SetFocus(vsfgAlgenTL_MI);
 }
 
 void frmProbenstelle::cmdAlgenMI_Loeschen_Click() {

@@ -78,7 +78,8 @@ void frmProbenstelle::Bestandsnamen_Zeigen() {
 
 /// Reads the stands anew where a name or a position changed, each cursor staying with its row.
 void frmProbenstelle::Bestaende_NeuReihen() {
-    if (!bestaendeUmgereiht_ || datTeilraum_MI.Changed()) return;
+    // A row that the store refused keeps both lists as they are.
+    if (!bestaendeUmgereiht_ || datTeilraum_MI.Changed() || Zeile_Geaendert(vsfgAlgenArt.Row())) return;
     bestaendeUmgereiht_ = false;
     const bool steht = vsfgAlgenTL_MI.Row() >= vsfgAlgenTL_MI.FixedRows();
     const auto bestand = steht ? vsfgAlgenTL_MI.Text(vsfgAlgenTL_MI.Row(), SpalteID_TR_MI) : std::string();

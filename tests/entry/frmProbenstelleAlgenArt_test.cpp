@@ -241,6 +241,32 @@ TEST_F(AlgaeSheetTaxa, AreNotRepairedWhereTheRowHasTheOtherCf) {
     EXPECT_THAT(Anteile(), ElementsAre("31|8|-1|30"));
 }
 
+TEST_F(AlgaeSheetTaxa, AreToldOfWhereTheCatalogueLacksThem) {
+    Teilraum();
+    Bestaende();
+    VierArten();
+    const std::string zwei =
+        "Algen - Probenstelle|2 Funde dieser Probenstelle stehen nicht in der Liste, weil ihr Taxon im "
+        "Katalog "
+        "fehlt. Sie bleiben gespeichert.";
+    // Taxon 77 was found, 78 has a share alone; the catalogue has neither.
+    Fund(77, "Schalen_KA=5");
+    Anteil(31, 77, "60");
+    Anteil(31, 78, "40", true);
+    ASSERT_TRUE(Oeffnen());
+    // 78 is entered as any taxon with a share; that is done once.
+    EXPECT_THAT(Boxen(), ElementsAre(Behoben, zwei));
+    EXPECT_THAT(Liste(), ElementsAre("2", "1", "3", "6"));
+    EXPECT_TRUE(Person().EditCell(Taxa(), Zeile(2), MI1, "7"));
+    EXPECT_TRUE(Person().Leave());
+    EXPECT_THAT(Boxen(), IsEmpty());
+    ASSERT_TRUE(Oeffnen());
+    EXPECT_THAT(Boxen(), ElementsAre(zwei));
+    EXPECT_THAT(Zeilen("SELECT ID_Art, CF, Schalen_KA FROM awaArtPrStelle WHERE ID_Art>70 ORDER BY ID_Art"),
+                ElementsAre("77|0|5", "78|-1|0"));
+    EXPECT_THAT(Anteile(), ElementsAre("31|2|0|7", "31|77|0|60", "31|78|-1|40"));
+}
+
 TEST_F(AlgaeSheetTaxa, StayClosedWhereTheSharesCannotBeRead) {
     Teilraum();
     Bestaende();

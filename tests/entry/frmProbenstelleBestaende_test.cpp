@@ -89,7 +89,10 @@ TEST_F(AlgaeSheetStands, TakeUpWhatIsMissingWhenTheyAreAdded) {
     EXPECT_EQ(bogen->intAnzahlMI, 1);
     EXPECT_EQ(Taxa().Text(0, 10), "<NEU>");
     EXPECT_EQ(Taxa().Text(2, 10), "1");
+    // Its name comes next.
+    EXPECT_EQ(bogen->Focus(), &Stand());
     EXPECT_EQ(Stand().Row(), 1);
+    EXPECT_EQ(Stand().Col(), BezCol);
     // The next one finds nothing missing.
     EXPECT_TRUE(Person().Click(bogen->cmdAlgenMI_Hinzufuegen));
     EXPECT_THAT(Gespeichert(), ElementsAre("1|17|<NEU>|40.3|0", "2|17|<NEU>|0|0"));
