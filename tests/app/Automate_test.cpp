@@ -5,11 +5,11 @@
 #include <fstream>
 #include <sstream>
 
+#include "AutomateDatabase.h"
 #include "Conversation.h"
 #include "FX_Algen/Display.h"
 #include "FX_Algen/Error.h"
 #include "fxalgen/automate/AutomateTable.h"
-#include "host/TestDatabase.h"
 
 namespace FX_Algen::cli {
 namespace {
@@ -25,28 +25,6 @@ Json OnObject(const std::string& className, const std::string& method, Json para
     const auto asked = talk.Ask(method, params);
     return talk.Run().at(asked);
 }
-
-class AutomateDatabase : public testing::Test {
-protected:
-    /// One taxon in one sub-habitat: macroalga, cover 40 of 50 percent, layer 2 mm, SI 2, weight 1.
-    void AddSample() {
-        db.Handle->Execute("INSERT INTO awaFamilie (ID_FAM, ID_GRGR) VALUES (900001, 131);");
-        db.Handle->Execute("INSERT INTO awaUnterFam (ID_UFAM, ID_FAM) VALUES (900001, 900001);");
-        db.Handle->Execute(
-            "INSERT INTO awaArt (ID_ART, Gattung, Art, ID_UFAM) VALUES (900001, 'Ulothrix', 'größer', "
-            "900001);");
-        db.Handle->Execute(
-            "INSERT INTO awaModulStandard (ID_ART, SI, Sap_GBer, Algenart, Lebensform, Trophiewert, "
-            "Trophiegewicht, "
-            "Trophiewert_N, Trophiegewicht_N) VALUES (900001, 2, 1, 'Makroalge', 1, 2, 1, 2, 1);");
-        db.Handle->Execute("INSERT INTO awaTeilraum (ID_TR, DG_Gesamt, DG_MA) VALUES (17, 50, 40);");
-        db.Handle->Execute("INSERT INTO awaPrStelle (ID_PS, ID_TR, PSBez) VALUES (1, 17, 'Ufer');");
-        db.Handle->Execute(
-            "INSERT INTO awaArtPrStelle (ID_PS, ID_ART, CF, DG_MA, SD_MA) VALUES (1, 900001, False, 40, 2);");
-    }
-
-    test::TestDatabase db;
-};
 
 // ---- the run as a whole ------------------------------------------------------------------------------
 
@@ -544,44 +522,6 @@ TEST_F(AutomateDatabase, HostCalculatesASubhabitatAndReadsItsRow) {
     // One taxon with SI 2 gives 2; 2 mm * 40 % / 100 gives 0.8.
     EXPECT_EQ(answers[query]["result"]["rows"].dump(), "[[17,false,2.0,0.8]]");
     EXPECT_EQ(answers[shown]["result"], Json::array());
-}
-
-TEST_F(AutomateDatabase, ConversationOfTheHostsPageRunsAsWritten) {
-    AddSample();
-    std::ifstream page(std::string(FX_SOURCE_DIR) + "/docs/hosts.md");
-    std::string requests;
-    std::string expected;
-    for (std::string line; std::getline(page, line);) {
-        if (line.starts_with("> {")) requests += line.substr(2) + "\n";
-        if (line.starts_with("< {")) expected += line.substr(2) + "\n";
-    }
-    const std::string name = "river.db";
-    ASSERT_NE(requests.find(name), std::string::npos);
-    requests.replace(requests.find(name), name.size(), db.Path());
-    std::istringstream in(requests);
-    std::ostringstream out;
-    std::ostringstream err;
-    EXPECT_EQ(Automate(in, out, err), 0);
-    EXPECT_EQ(out.str(), expected);
-}
-
-TEST(HostsPage, ListsMembersAndOperationsInInterfaceOrder) {
-    std::ifstream page(std::string(FX_SOURCE_DIR) + "/docs/hosts.md");
-    std::map<std::string, std::vector<std::string>> told;
-    std::string className;
-    for (std::string line; std::getline(page, line);) {
-        if (line.starts_with("## ")) className.clear();
-        if (line.starts_with("### `")) className = line.substr(5, line.find('`', 5) - 5);
-        if (!className.empty() && line.starts_with("| `"))
-            told[className].push_back(line.substr(3, line.find('`', 3) - 3));
-    }
-    for (const std::string name : {"AL_PS", "AL_Katalog", "AL_PS_Grafik"}) {
-        const auto object = rpc::MakeObject(name);
-        std::vector<std::string> known;
-        for (const auto& member : object->Members()) known.push_back(member.Name);
-        for (const auto& operation : object->Operations()) known.push_back(operation.Name);
-        EXPECT_EQ(told[name], known) << name;
-    }
 }
 
 TEST_F(AutomateDatabase, BoxesOfDebugModeAreListedOnce) {
