@@ -131,6 +131,14 @@ TEST_F(InputTest, CheckBoxesFlipAndClick) {
     EXPECT_EQ(form->Focus(), &check);
 }
 
+TEST_F(InputTest, ABoxWhoseChangeClosesTheFormIsNotClickedAnyMore) {
+    auto& check = form->Add<CheckBox>("chkZuÄndern");
+    check.OnChange = [&] { form->Close(Ending::Discard); };
+    check.OnClick = [&] { Log("click"); };
+    EXPECT_TRUE(input.Click(check));
+    EXPECT_THAT(Logged(), IsEmpty());
+}
+
 TEST_F(InputTest, OptionButtonsAreCheckedButNotCleared) {
     auto& first = form->Add<OptionButton>("optEins");
     auto& second = form->Add<OptionButton>("optZwei");
