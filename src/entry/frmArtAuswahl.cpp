@@ -346,14 +346,16 @@ void frmArtAuswahl::Init_cboSynArt() {
 void frmArtAuswahl::GetArtFromSynonym() {
     artUngesehen_ = false;
     MitLeererListe([this] {
-        const controls::Hourglass sanduhr;
         const int platz = cboSynArt.ListIndex();
         if (platz < cboID_Synart.List().Count()) cboID_Synart.ListIndex(platz);
         if (cboID_Synart.ListIndex() < 0) {
             Nichts_Waehlen();  // what is being typed names no synonym (yet)
             return;
         }
-        const auto satz = datenbank_->OpenRecordset(SQL_Synonym(cboID_Synart.Text()));
+        const auto satz = [this] {
+            const controls::Hourglass sanduhr;
+            return datenbank_->OpenRecordset(SQL_Synonym(cboID_Synart.Text()));
+        }();
         // Without the accepted taxon in the lists, what they showed before must not be taken for it.
         if (satz->Eof() || !Gattung_Waehlen(TextOderLeer((*satz)["Gattung"]))) {
             Nichts_Waehlen();
