@@ -189,7 +189,6 @@ private:
     // -- frmProbenstelleBestaende.cpp
     void Bestaende_Verdrahten();
     std::string Bestandsreihung() const;
-    void Bestandsnamen_Zeigen();
     void Bestaende_NeuReihen();
     double Rest(const Deckungssatz& satz) const;
     void Rest_Pruefen();

@@ -42,8 +42,7 @@ void frmProbenstelle::GridAlgenArt_Init() {
         Spalten_Anlegen();
         GridAlgenArt_Daten(ok);
     } catch (const Error& error) {
-        // No cell opens: saving a row without its shares would delete them.
-        ersteSummenzeile_ = -1;
+        // Without a first sum row no cell opens: saving a row without its shares would delete them.
         ohneSummen_ = false;
         Failure(error);
     }
@@ -162,9 +161,9 @@ void frmProbenstelle::GrdAlgenArt_MIDaten(bool& ok) {
     ok = true;
     std::map<std::int32_t, int> spalten;
     for (int col = intStartColMi; col < SpalteSchalen(); ++col) spalten[ID_TR_MIDerSpalte(col)] = col;
-    // Whether the site has a taxon that the list has not, since the catalogue lacks it; and what was entered
-    // here, since a taxon may have a share in several stands.
-    std::map<std::int32_t, bool> ohneKatalog;
+    // Whether the site has a taxon without a row for the share: with the other CF alone, or not in the
+    // catalogue; and what was entered here, since a taxon may have a share in several stands.
+    std::map<std::int32_t, bool> anderswie;
     std::set<std::pair<std::int32_t, bool>> nachgetragen;
     const auto anteile = datenbank_->OpenRecordset(probenstelle::Anteile(ID_TR()));
     for (; !anteile->Eof(); anteile->MoveNext()) {
@@ -177,10 +176,9 @@ void frmProbenstelle::GrdAlgenArt_MIDaten(bool& ok) {
                                   controls::ShownAboveZero((*anteile)["DG_MI"], Sprache()));
             continue;
         }
-        if (zeilen_.contains({art, !cf})) continue;
-        if (!ohneKatalog.contains(art))
-            ohneKatalog[art] = !datenbank_->OpenRecordset(probenstelle::FundeDesTaxons(ID_PS(), art))->Eof();
-        if (ohneKatalog[art]) continue;
+        if (!anderswie.contains(art))
+            anderswie[art] = !datenbank_->OpenRecordset(probenstelle::FundeDesTaxons(ID_PS(), art))->Eof();
+        if (anderswie[art]) continue;
         ok = false;
         if (nachgetragen.insert({art, cf}).second) Taxon_Nachtragen(art, cf);
     }

@@ -27,7 +27,6 @@ struct Spalte {
 void frmProbenstelle::Bestaende_Verdrahten() {
     vsfgAlgenTL_MI.OnAfterEdit = [this](int, int) { Rest_Pruefen(); };
     datTeilraum_MI.OnWritten = [this] {
-        Bestandsnamen_Zeigen();
         bestaendeUmgereiht_ = bestaendeUmgereiht_ || Bestandsreihung() != bestandsreihung_;
     };
     // While a row is being left the list must not change its order: the cursor is on its way to another one.
@@ -66,14 +65,6 @@ std::string frmProbenstelle::Bestandsreihung() const {
         for (const int col : {SpalteID_TR_MI, SpalteRF_MI, SpalteMI_Bez})
             reihung.append(vsfgAlgenTL_MI.Text(row, col)).push_back('\n');
     return reihung;
-}
-
-void frmProbenstelle::Bestandsnamen_Zeigen() {
-    if (vsfgAlgenArt.Rows() <= VerdeckteZeile) return;
-    for (int row = vsfgAlgenTL_MI.FixedRows(); row < vsfgAlgenTL_MI.Rows(); ++row)
-        for (int col = intStartColMi; col < SpalteSchalen(); ++col)
-            if (vsfgAlgenArt.Text(VerdeckteZeile, col) == vsfgAlgenTL_MI.Text(row, SpalteID_TR_MI))
-                vsfgAlgenArt.Text(0, col, vsfgAlgenTL_MI.Text(row, SpalteMI_Bez));
 }
 
 /// Reads the stands anew where a name or a position changed, each cursor staying with its row.

@@ -191,7 +191,11 @@ TEST_F(AlgaeSheetStands, KeepThePersonInTheStandThatWasGoneTo) {
     ASSERT_TRUE(Oeffnen());
     EXPECT_TRUE(Person().EditCell(Stand(), 1, RFCol, "3"));
     // "Häutchen" stands in row 2 when the person goes there, and moves to row 1.
-    EXPECT_TRUE(Person().EditCell(Stand(), 2, 6, "0,9"));
+    EXPECT_TRUE(Person().SelectCell(Stand(), 2, 6));
+    EXPECT_EQ(Stand().Row(), 1);
+    EXPECT_EQ(Stand().Text(1, BezCol), "Häutchen");
+    EXPECT_EQ(Text(2, MI1, MI2), "32|31");
+    EXPECT_TRUE(Person().Type(Stand(), "0,9"));
     EXPECT_TRUE(Person().Enter(bogen->txtPSBez));
     EXPECT_THAT(Zeilen("SELECT ID_TR_MI, SD_MI, RF_MI FROM awaTeilraum_MI ORDER BY ID_TR_MI"),
                 ElementsAre("31|0.5|3", "32|0.9|2"));

@@ -1,3 +1,5 @@
+#include <functional>
+
 #include "entry/Algenbogen.h"
 
 namespace FX_Algen::entry {
@@ -189,6 +191,26 @@ TEST_F(AlgaeSheetSaving, WritesRowAndSharesTogetherOrNotAtAll) {
     EXPECT_THAT(Anteile(), ElementsAre("31|2|-1|60", "32|2|-1|40"));
 }
 
+TEST_F(AlgaeSheetSaving, ComesBeforeTheListIsBuiltAnewAndBeforeEveryCommand) {
+    Offen();
+    EXPECT_TRUE(Person().EditCell(Taxa(), Zeile(3), Schalen, "400"));
+    bogen->GridAlgenArt_Init();
+    EXPECT_THAT(Fund(3), ElementsAre("0|0|0|400|0|0"));
+    EXPECT_EQ(Taxa().Text(Zeile(3), Schalen), "400");
+    // A command that is called from elsewhere than its button.
+    const std::vector<std::function<void()>> befehle{
+        [this] { bogen->cmdArtNeu_Click(); }, [this] { bogen->cmdArtAendern_Click(); },
+        [this] { bogen->cmdArtLoeschen_Click(); }, [this] { bogen->cmdAlgenMI_Hinzufuegen_Click(); },
+        [this] { bogen->cmdAlgenMI_Loeschen_Click(); }};
+    int schalen = 400;
+    for (const auto& befehl : befehle) {
+        bogen->Select_AktArt(3, false);
+        EXPECT_TRUE(Person().EditCell(Taxa(), Zeile(3), MI1 + bogen->intAnzahlMI, std::to_string(++schalen)));
+        befehl();
+        EXPECT_THAT(Fund(3), ElementsAre("0|0|0|" + std::to_string(schalen) + "|0|0"));
+    }
+}
+
 TEST_F(AlgaeSheetSaving, SaysWhereTheRowIsNotStoredAnyMore) {
     Offen();
     const int row = Zeile(3);
@@ -199,6 +221,16 @@ TEST_F(AlgaeSheetSaving, SaysWhereTheRowIsNotStoredAnyMore) {
     ASSERT_EQ(boxen.size(), 1U);
     EXPECT_TRUE(boxen[0].starts_with("Algen - Probenstelle|3021 - ")) << boxen[0];
     EXPECT_EQ(Taxa().Text(row, Schalen), "400");
+    // Nothing is done, and the list keeps what was typed.
+    for (const auto& befehl : std::vector<std::function<void()>>{
+             [this] { bogen->GridAlgenArt_Init(); }, [this] { bogen->cmdArtNeu_Click(); },
+             [this] { bogen->cmdArtLoeschen_Click(); }, [this] { bogen->cmdAlgenMI_Hinzufuegen_Click(); },
+             [this] { bogen->cmdXLSImport_Click(); }}) {
+        befehl();
+        EXPECT_EQ(Taxa().Text(row, Schalen), "400");
+    }
+    EXPECT_EQ(controls::OpenForms().All().size(), 1U);
+    EXPECT_EQ(Zeilen("SELECT ID_TR_MI FROM awaTeilraum_MI").size(), 2U);
 }
 
 TEST_F(AlgaeSheetSaving, AsksBeforeItClosesWithoutARowThatCannotBeSaved) {
