@@ -156,7 +156,6 @@ void frmArtAuswahl::Gattung_Verdrahten() {
     });
     cboGattung.OnLeave = [this] {
         if (Verlassen(cboGattung) == controls::Leaving::Stay) return controls::Leaving::Stay;
-        artUngesehen_ = cboArt.List().Count() == 0;
         Init_cboArt();
         return controls::Leaving::Go;
     };
@@ -166,14 +165,7 @@ void frmArtAuswahl::Gattung_Verdrahten() {
         if (cboGattung.OnLeave() == controls::Leaving::Go) SetFocus(cboArt);
         return true;
     };
-    Vervollstaendigen(cboArt, false, [this] {
-        artUngesehen_ = false;
-        ID_Folgen();
-    });
-    cboArt.OnGotFocus = [this] {
-        artUngesehen_ = false;
-        Allgemein::Text_Markieren(cboArt);
-    };
+    Vervollstaendigen(cboArt, false, [this] { ID_Folgen(); });
     cboArt.OnLeave = [this] { return Verlassen(cboArt); };
 }
 
@@ -184,9 +176,7 @@ void frmArtAuswahl::Synonym_Verdrahten() {
     Vervollstaendigen(cboSynGattung, true, [this] { SynArten_Leeren(); });
     cboSynGattung.OnLeave = [this] {
         if (Verlassen(cboSynGattung) == controls::Leaving::Stay) return controls::Leaving::Stay;
-        const bool ungesehen = cboSynArt.List().Count() == 0;
         Init_cboSynArt();
-        artUngesehen_ = ungesehen;
         return controls::Leaving::Go;
     };
     cboSynGattung.OnKey = [this](const controls::KeyPress& taste) {
@@ -195,10 +185,6 @@ void frmArtAuswahl::Synonym_Verdrahten() {
         return true;
     };
     Vervollstaendigen(cboSynArt, false, [this] { GetArtFromSynonym(); });
-    cboSynArt.OnGotFocus = [this] {
-        artUngesehen_ = false;
-        Allgemein::Text_Markieren(cboSynArt);
-    };
     // A text that is no synonym must not stand beside the taxon of another one.
     cboSynArt.OnLeave = [this] { return Verlassen(cboSynArt); };
 }
@@ -217,7 +203,6 @@ void frmArtAuswahl::AL_Init() {
         Arten_Leeren();
         cboGattung.Clear();
     }
-    artUngesehen_ = false;
     try {
         Init_cboKatalog();
         Init_cboGattung();
@@ -298,7 +283,6 @@ void frmArtAuswahl::Bitte_Waehlen() const {
 
 void frmArtAuswahl::chkSynonym_Geaendert() {
     const bool suchen = chkSynonym.Value();
-    artUngesehen_ = false;
     cboGattung.Enabled(!suchen);
     cboArt.Enabled(!suchen);
     fraSynonym.Visible(suchen);
@@ -344,7 +328,6 @@ void frmArtAuswahl::Init_cboSynArt() {
 }
 
 void frmArtAuswahl::GetArtFromSynonym() {
-    artUngesehen_ = false;
     MitLeererListe([this] {
         const int platz = cboSynArt.ListIndex();
         if (platz < cboID_Synart.List().Count()) cboID_Synart.ListIndex(platz);

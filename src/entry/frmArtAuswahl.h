@@ -110,8 +110,6 @@ private:
     std::int16_t katalog_ = 0;
     std::optional<std::string> gattungDerArten_;  ///< the genus whose species stand in their list
     bool folgt_ = false;  ///< lists are being changed by code: their events are not a person's
-    /// The species was chosen by leaving the genus, and nobody has been at the list of species since.
-    bool artUngesehen_ = false;
 };
 
 /// Opens the picker for a sheet, or takes the open one over for it: as its child, with its settings, filled,

@@ -26,7 +26,7 @@ Probenstellenbogen* frmArtAuswahl::Bogen() const noexcept {
 }
 
 void frmArtAuswahl::Uebernehmen() {
-    if (cboID_Art.Text().empty() || artUngesehen_) {
+    if (cboID_Art.Text().empty()) {
         Bitte_Waehlen();
         SetFocus(cboArt.IsEnabled() ? cboArt : cboSynArt);
         return;

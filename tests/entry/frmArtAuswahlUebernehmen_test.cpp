@@ -76,17 +76,15 @@ TEST_F(Uebernahme, EnterBehindATypedGenusGoesOnToTheSpecies) {
     EXPECT_THAT(Boxen(), IsEmpty());
 }
 
-TEST_F(Uebernahme, ASpeciesThatNobodyHasSeenIsNotTakenOver) {
+TEST_F(Uebernahme, TakesTheSpeciesThatLeavingTheGenusForTheButtonChooses) {
     auto& picker = Picker();
     Input person(picker);
     ASSERT_TRUE(person.Choose(picker.cboGattung, Navicula));
-    Uebernehmen();
-    EXPECT_THAT(Boxen(), ElementsAre(BitteWaehlen));
-    EXPECT_EQ(picker.Focus(), &picker.cboArt);
-    EXPECT_THAT(bogen_->Funde(), IsEmpty());
-    // Seen now, and confirmed by pressing again.
+    EXPECT_EQ(picker.cboID_Art.Text(), "");
     ASSERT_TRUE(Uebernehmen());
-    EXPECT_THAT(bogen_->Funde(), ElementsAre("2"));
+    EXPECT_THAT(Boxen(), IsEmpty());
+    EXPECT_THAT(bogen_->Funde(), ElementsAre("2"));  // gregaria, the first one
+    EXPECT_FALSE(Offen());
 }
 
 TEST_F(Uebernahme, WithoutASpeciesAsksForOneAndGoesThere) {
@@ -110,16 +108,28 @@ TEST_F(Uebernahme, TakesTheAcceptedTaxonOfASynonym) {
     EXPECT_THAT(bogen_->Funde(), ElementsAre("2"));
 }
 
-TEST_F(Uebernahme, ASynonymThatNobodyHasSeenIsNotTakenOver) {
+TEST_F(Uebernahme, TakesTheTaxonOfTheSynonymThatLeavingItsGenusForTheButtonChooses) {
     Synonyme();
     auto& picker = Picker();
     Input person(picker);
     ASSERT_TRUE(person.SetValue(picker.chkSynonym, true));
     ASSERT_TRUE(person.Enter(picker.cboSynGattung));
-    Uebernehmen();
-    EXPECT_THAT(Boxen(), ElementsAre(BitteWaehlen));
+    ASSERT_TRUE(Uebernehmen());
+    EXPECT_THAT(Boxen(), IsEmpty());
+    EXPECT_THAT(bogen_->Funde(), ElementsAre("2"));  // of gregarium, the first synonym of Schizonema
+}
+
+TEST_F(Uebernahme, EnterBehindTheGenusOfASynonymGoesOnToTheSynonyms) {
+    Synonyme();
+    auto& picker = Picker();
+    Input person(picker);
+    ASSERT_TRUE(person.SetValue(picker.chkSynonym, true));
+    ASSERT_TRUE(person.Type(picker.cboSynGattung, "sch"));
+    ASSERT_TRUE(person.Key({"Enter"}));
     EXPECT_EQ(picker.Focus(), &picker.cboSynArt);
     EXPECT_THAT(bogen_->Funde(), IsEmpty());
+    ASSERT_TRUE(person.Key({"Enter"}));
+    EXPECT_THAT(bogen_->Funde(), ElementsAre("2"));
 }
 
 // ---- taxa that are there -------------------------------------------------------------------------------

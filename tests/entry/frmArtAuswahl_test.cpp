@@ -228,6 +228,12 @@ TEST_F(Auswahltest, WithoutSynonymsTheSearchSaysThatThereAreNoTaxa) {
     EXPECT_THAT(Boxen(), ElementsAre("Artauswahl - Neu: Keine Taxa verfügbar"));
 }
 
+TEST_F(Auswahltest, TheWordsForNoTaxaAreTheSameInEveryLanguage) {
+    auto& picker = Picker(Auswahlmodus::Neu, Katalog::Algen, 20000);
+    ASSERT_TRUE(Input(picker).SetValue(picker.chkSynonym, true));
+    EXPECT_THAT(Boxen(), ElementsAre("Choice of taxon - New: Keine Taxa verfügbar"));
+}
+
 TEST_F(Auswahltest, ASynonymChoosesItsAcceptedTaxon) {
     Synonyme();
     auto& picker = Picker();

@@ -102,9 +102,7 @@ TEST_F(AlgaeSheetCommands, DeleteNothingOnNoNorWithoutATaxon) {
     ASSERT_TRUE(Oeffnen(true, true, 20000));
     EXPECT_TRUE(Person().SelectCell(Taxa(), Zeile(1), MI1));
     EXPECT_TRUE(Person().Click(bogen->cmdArtLoeschen));
-    EXPECT_THAT(
-        Boxen(),
-        ElementsAre("Algae - sampling site|Do you really want to delete the taxon Cladophora glomerata?"));
+    EXPECT_THAT(Boxen(), ElementsAre("Algae - sampling site|Art Cladophora glomerata wirklich löschen?"));
     EXPECT_EQ(Funde().size(), 4U);
     for (int summe = Taxa().Rows() - 2; summe < Taxa().Rows(); ++summe) {
         EXPECT_TRUE(Person().SelectCell(Taxa(), summe, DG_MA));

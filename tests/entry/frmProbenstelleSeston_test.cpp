@@ -454,6 +454,15 @@ TEST_F(Sestoneingabe, DeletesTheRowWithItsCfAndAsksBefore) {
     EXPECT_EQ(Liste().Row(), 1);
 }
 
+TEST_F(Sestoneingabe, AsksBeforeADeletionInTheSameWordsInEveryLanguage) {
+    bogen->Sprache(20000);
+    ASSERT_TRUE(Input(*bogen).Click(bogen->cmdArtLoeschen));
+    const auto boxen = display->Messages().TakeShown();
+    ASSERT_EQ(boxen.size(), 1U);
+    EXPECT_EQ(boxen.front().Text, "Art Keratella cochlearis wirklich löschen?");
+    EXPECT_EQ(boxen.front().ButtonsShown, store::Buttons::YesNo);
+}
+
 TEST_F(Sestoneingabe, ADeletedLastRowLeavesTheCursorInTheOneBefore) {
     Input person(*bogen);
     ASSERT_TRUE(person.SelectCell(Liste(), 2, Abundanz));
