@@ -173,8 +173,7 @@ public:
     /// it cannot be saved, it stays as it is and comes to the front. Fails with 3343 without a database, and
     /// with what the store answers while the site is read.
     void Probenstelle_Show();
-    /// The same with the seston sheet, which takes no `PSBez`, `CanEdit` and `AnzeigeVersion40`. Fails with
-    /// 3021 where a site is to be created for a sub-habitat that does not exist.
+    /// The same with the seston sheet, which takes no `PSBez`, `CanEdit` and `AnzeigeVersion40`.
     void ProbenstelleSeston_Show();
     /// Saves and closes the algae sheet; nothing where none is open. Where it cannot be saved, the person is
     /// asked whether to close it without.

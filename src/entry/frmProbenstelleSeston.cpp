@@ -4,6 +4,7 @@
 
 #include "controls/Numbers.h"
 #include "controls/Port.h"
+#include "entry/SestonAbfragen.h"
 #include "entry/SestonSpalten.h"
 #include "manager/Datenbank.h"
 #include "store/Allgemein.h"
@@ -12,7 +13,6 @@ namespace FX_Algen::entry {
 
 namespace {
 
-constexpr std::int16_t ProblemBehoben = 2047;
 constexpr std::int16_t ProbenstelleAnlegen = 2302;
 constexpr std::int16_t TitelProbenstelle = 2303;
 constexpr std::int16_t TaxonZeile = 3320;
@@ -20,6 +20,10 @@ constexpr std::int16_t TaxaZeilen = 3321;
 constexpr std::int16_t FundeOhneTaxon = 5715;
 
 std::string TextOderLeer(const store::Value& wert) { return wert.IsNull() ? std::string() : wert.Text(); }
+
+bool HatZeile(const store::DatabasePtr& datenbank, const std::string& abfrage) {
+    return !datenbank->OpenRecordset(abfrage)->Eof();
+}
 
 }  // namespace
 
@@ -87,15 +91,16 @@ bool frmProbenstelleSeston::DataObject_Init() {
     // A sheet without a path reads where it writes.
     const auto quelle =
         dbName_.empty() ? currentDB_ : (workspace_ ? *workspace_ : store::Workspace()).OpenDatabase(dbName_);
-    if (!Probenstelle_Vorhanden()) {
+    if (!HatZeile(currentDB_, seston::TeilraumMitStelle(teilraumID_))) {
         if (Box(Text(TitelProbenstelle), Text(ProbenstelleAnlegen), store::Buttons::YesNo,
                 store::Symbol::Question) != store::Answer::Yes)
             return false;
-        Probenstelle_Anlegen();
+        // The site of a sub-habitat that is not stored is found here alone: it must not become several.
+        if (!HatZeile(currentDB_, seston::Stellen(teilraumID_)))
+            currentDB_->Execute(seston::StelleAnlegen(teilraumID_));
     }
-    const auto id = std::to_string(teilraumID_);
-    datTeilraum.Open(quelle, "SELECT * FROM Teilraum WHERE Teilraum.ID_TR=" + id);
-    datPrStelle.Open(quelle, "SELECT ID_PS, PSBez FROM sesPrStelle WHERE ID_TR=" + id);
+    datTeilraum.Open(quelle, seston::Teilraum(teilraumID_));
+    datPrStelle.Open(quelle, seston::Stellen(teilraumID_));
     // Not before: rows of the former site must not be written into another database.
     datenbank_ = currentDB_;
     gemeldeteFunde_ = 0;
@@ -103,42 +108,15 @@ bool frmProbenstelleSeston::DataObject_Init() {
     return true;
 }
 
-bool frmProbenstelleSeston::Probenstelle_Vorhanden() const {
-    return !currentDB_
-                ->OpenRecordset(
-                    "SELECT DISTINCTROW Teilraum.*, sesPrStelle.ID_PS, sesPrStelle.PSBez "
-                    "FROM Teilraum INNER JOIN sesPrStelle ON Teilraum.ID_TR=sesPrStelle.ID_TR "
-                    "WHERE Teilraum.ID_TR=" +
-                    std::to_string(teilraumID_))
-                ->Eof();
-}
-
-void frmProbenstelleSeston::Probenstelle_Anlegen() {
-    const auto id = std::to_string(teilraumID_);
-    // A site of no sub-habitat would be asked for again at each opening.
-    if (currentDB_->OpenRecordset("SELECT ID_TR FROM Teilraum WHERE ID_TR=" + id)->Eof())
-        throw Error(ErrorNumber::NoCurrentRecord,
-                    "There is no sub-habitat " + id + ": no seston sampling site can be made for it.");
-    currentDB_->Execute("INSERT INTO sesPrStelle (ID_TR, PSBez) VALUES (" + id + ",'<NEU>');");
-}
-
 // ---- list of taxa --------------------------------------------------------------------------------------
 
 void frmProbenstelleSeston::GridAlgenArt_Init() {
     try {
-        bool ok = true;
         {
             const controls::Hourglass sanduhr;
             const controls::Grid::Filling fuellung(vsfgAlgenArt);
             Spalten_Einrichten();
-            GridAlgenArt_Daten(ok);
-        }
-        if (ok) return;
-        Box(Text(ProblemBehoben), store::Buttons::Ok, store::Symbol::Exclamation);
-        {
-            const controls::Hourglass sanduhr;
-            const controls::Grid::Filling fuellung(vsfgAlgenArt);
-            GridAlgenArt_Daten(ok);
+            GridAlgenArt_Daten();
         }
         Fehlende_Melden();
     } catch (const Error& fehler) {
@@ -160,16 +138,12 @@ void frmProbenstelleSeston::Spalten_Einrichten() {
     }
 }
 
-void frmProbenstelleSeston::GridAlgenArt_Daten(bool& ok) {
+void frmProbenstelleSeston::GridAlgenArt_Daten() {
     using namespace SestonSpalten;
     vsfgAlgenArt.Rows(Kopfzeilen);
     geaenderteZeile_.reset();
     lblTaxazahl.Caption({});
-    const auto satz = datenbank_->OpenRecordset(
-        "SELECT sesArtPrStelle.CF, sesArtPrStelle.Abundanz, sesArtPrStelle.Zusatz, sesArt.ID_Art, "
-        "sesArt.Gattung, sesArt.Art FROM sesArt INNER JOIN sesArtPrStelle ON sesArt.ID_ART = "
-        "sesArtPrStelle.ID_ART WHERE ID_PS=" +
-        txtID_PS.Text() + " ORDER BY sesArt.Gattung, sesArt.Art, sesArtPrStelle.CF");
+    const auto satz = datenbank_->OpenRecordset(seston::Taxa(ID_PS()));
     for (; !satz->Eof(); satz->MoveNext()) {
         const int zeile = vsfgAlgenArt.AddRow();
         const bool cf = (*satz)["CF"].Bool();
@@ -184,12 +158,10 @@ void frmProbenstelleSeston::GridAlgenArt_Daten(bool& ok) {
     const int taxa = vsfgAlgenArt.Rows() - Kopfzeilen;
     if (taxa > 0) vsfgAlgenArt.Select(Kopfzeilen, Abundanz);
     lblTaxazahl.Caption(std::to_string(taxa) + " " + Text(taxa == 1 ? TaxonZeile : TaxaZeilen));
-    ok = Funde_Ohne_Zeile() <= gemeldeteFunde_;
 }
 
 std::int32_t frmProbenstelleSeston::Funde_Ohne_Zeile() const {
-    const auto satz =
-        datenbank_->OpenRecordset("SELECT Count(*) AS N FROM sesArtPrStelle WHERE ID_PS=" + txtID_PS.Text());
+    const auto satz = datenbank_->OpenRecordset(seston::Fundezahl(ID_PS()));
     return (*satz)["N"].I4() - (vsfgAlgenArt.Rows() - SestonSpalten::Kopfzeilen);
 }
 
@@ -205,13 +177,20 @@ void frmProbenstelleSeston::Fehlende_Melden() {
 void frmProbenstelleSeston::Select_AktArt(std::int32_t ID_Art, bool cf) {
     using namespace SestonSpalten;
     const auto gesucht = std::to_string(ID_Art);
-    for (int zeile = Kopfzeilen; zeile < vsfgAlgenArt.Rows(); ++zeile) {
-        if (vsfgAlgenArt.Text(zeile, SestonSpalten::ID_Art) != gesucht ||
-            vsfgAlgenArt.Checked(zeile, CF) != cf)
-            continue;
-        vsfgAlgenArt.Select(zeile, Abundanz);
-        return;
-    }
+    const auto steht = [&](int zeile) {
+        return Hat_Taxon(zeile) && vsfgAlgenArt.Text(zeile, SestonSpalten::ID_Art) == gesucht;
+    };
+    int zeile = Kopfzeilen;
+    while (Hat_Taxon(zeile) && !steht(zeile)) ++zeile;
+    if (!Hat_Taxon(zeile)) return;
+    if (vsfgAlgenArt.Checked(zeile, CF) != cf && steht(zeile + 1)) ++zeile;
+    vsfgAlgenArt.Select(zeile, Abundanz);
+}
+
+std::int32_t frmProbenstelleSeston::ID_PS() const { return store::Value(txtID_PS.Text()).I4(); }
+
+std::int32_t frmProbenstelleSeston::ID_ArtDerZeile(int zeile) const {
+    return store::Value(vsfgAlgenArt.Text(zeile, SestonSpalten::ID_Art)).I4();
 }
 
 }  // namespace FX_Algen::entry

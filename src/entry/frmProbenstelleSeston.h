@@ -34,17 +34,16 @@ public:
     // -- operations
     /// Reads the sampling site of the sub-habitat, offers to make it where there is none, binds its row and
     /// fills the list. What an open sheet holds is saved first. False where there is no site and the person
-    /// wants none. A failure of the store before the site is bound leaves the call; 3021 where a site is
-    /// wanted for a sub-habitat that does not exist.
+    /// wants none. A failure of the store before the site is bound leaves the call.
     bool DataObject_Init();
-    /// Builds the columns of the list and fills it. Failures end in the common handler; what was read until
-    /// then stays.
+    /// Builds the columns of the list and fills it, and says once how many findings have no row. Failures end
+    /// in the common handler; what was read until then stays.
     void GridAlgenArt_Init() override;
-    /// Fills the rows and the count. `ok` becomes false where the site has findings that the list does not
-    /// show, because the catalogue lacks their taxon; those that were reported already count no more.
-    void GridAlgenArt_Daten(bool& ok);
+    /// Fills the rows and the count. Findings whose taxon the catalogue lacks get no row.
+    void GridAlgenArt_Daten();
     /// Writes a row of the list. The row stays changed where the store refuses.
     void AlgenArt_Datenspeichern(int zeile);
+    /// The row of the taxon; of its two rows the one that `cf` says.
     void Select_AktArt(std::int32_t ID_Art, bool cf) override;
 
     // -- what the taxon picker sees
@@ -83,11 +82,11 @@ private:
     bool Zeile_Verlassen(int zeile);
     void Eingabe_Nachtragen(int zeile, int spalte);
 
-    bool Probenstelle_Vorhanden() const;
-    void Probenstelle_Anlegen();
     void Spalten_Einrichten();
     void Fehlende_Melden();
     std::int32_t Funde_Ohne_Zeile() const;
+    std::int32_t ID_PS() const;
+    std::int32_t ID_ArtDerZeile(int zeile) const;
     bool Hat_Taxon(int zeile) const;
     bool Ist_Geaendert(int zeile) const;
 

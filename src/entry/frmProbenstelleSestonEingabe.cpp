@@ -1,4 +1,5 @@
 #include "controls/Port.h"
+#include "entry/SestonAbfragen.h"
 #include "entry/SestonSpalten.h"
 #include "entry/Taxaliste.h"
 #include "entry/frmArtAuswahl.h"
@@ -11,8 +12,6 @@ namespace FX_Algen::entry {
 namespace {
 
 constexpr std::int16_t ArtLoeschen = 5667;
-
-std::string Verdoppelt(const std::string& text) { return Allgemein::Str_Ersetzen(text, "'", "''"); }
 
 }  // namespace
 
@@ -61,11 +60,9 @@ void frmProbenstelleSeston::AlgenArt_Datenspeichern(int zeile) {
     const bool cf = vsfgAlgenArt.Checked(zeile, CF);
     // What is no whole number of 32 bits fails here, before anything is written.
     const auto abundanz = store::Value(vsfgAlgenArt.Number(zeile, Abundanz).value_or(0)).I4();
-    datenbank_->Execute("UPDATE sesArtPrStelle SET CF=" + std::string(Allgemein::Bool_Text(cf)) +
-                        ", Abundanz= " + std::to_string(abundanz) + ", Zusatz='" +
-                        Verdoppelt(vsfgAlgenArt.Text(zeile, Zusatz)) + "' WHERE ID_PS=" + txtID_PS.Text() +
-                        " AND ID_Art=" + vsfgAlgenArt.Text(zeile, ID_Art) + " AND CF=" +
-                        std::string(Allgemein::Bool_Text(vsfgAlgenArt.Checked(zeile, CF_gespeichert))) + ";");
+    datenbank_->Execute(seston::TaxonSchreiben(ID_PS(), ID_ArtDerZeile(zeile),
+                                               vsfgAlgenArt.Checked(zeile, CF_gespeichert),
+                                               {cf, abundanz, vsfgAlgenArt.Text(zeile, Zusatz)}));
     if (datenbank_->RecordsAffected() == 0)
         throw Error(ErrorNumber::NoCurrentRecord, "The finding of " + vsfgAlgenArt.Text(zeile, Gattung) +
                                                       " " + vsfgAlgenArt.Text(zeile, Art) +
@@ -113,9 +110,8 @@ void frmProbenstelleSeston::Art_Loeschen() {
     auto frage = Allgemein::Str_Ersetzen(Text(ArtLoeschen), "~", vsfgAlgenArt.Text(zeile, Art), true);
     frage = Allgemein::Str_Ersetzen(frage, "|", vsfgAlgenArt.Text(zeile, Gattung), true);
     if (Box(frage, store::Buttons::YesNo, store::Symbol::Question) != store::Answer::Yes) return;
-    datenbank_->Execute("DELETE * FROM sesArtPrStelle WHERE ID_Art = " + vsfgAlgenArt.Text(zeile, ID_Art) +
-                        " AND  ID_PS = " + txtID_PS.Text() + " AND " +
-                        (vsfgAlgenArt.Checked(zeile, CF) ? "CF=True;" : "CF=False;"));
+    datenbank_->Execute(
+        seston::TaxonLoeschen(ID_PS(), ID_ArtDerZeile(zeile), vsfgAlgenArt.Checked(zeile, CF)));
     GridAlgenArt_Init();
     // The next taxon takes its place.
     const int letzte = vsfgAlgenArt.Rows() - 1;

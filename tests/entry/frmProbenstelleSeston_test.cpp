@@ -123,18 +123,20 @@ TEST_F(Sestonbogen, OnYesMakesASiteWithTheNameOfANewOne) {
     EXPECT_THAT(Boxen(), IsEmpty());
 }
 
-TEST_F(Sestonbogen, MakesNoSiteForASubHabitatThatDoesNotExist) {
+TEST_F(Sestonbogen, AsksAgainForASubHabitatThatIsNotStoredAndKeepsItsOneSite) {
     auto& neu = Geladen();
     neu.TeilraumID(77);
-    Antworten({store::Answer::Yes});
-    try {
-        neu.DataObject_Init();
-        FAIL();
-    } catch (const Error& fehler) {
-        EXPECT_EQ(fehler.Number(), ErrorNumber::NoCurrentRecord);
-        EXPECT_THAT(fehler.Description(), testing::HasSubstr("77"));
+    for (int i = 0; i < 2; ++i) {
+        Antworten({store::Answer::Yes});
+        EXPECT_TRUE(neu.DataObject_Init());
+        EXPECT_EQ(Boxen().size(), 1U);
+        EXPECT_EQ(neu.txtPSBez.Text(), "<NEU>");
+        EXPECT_EQ(neu.txtTRBez.Text(), "");
     }
-    EXPECT_TRUE(datei.Datenbank()->OpenRecordset("SELECT * FROM sesPrStelle;")->Eof());
+    EXPECT_EQ(
+        (*datei.Datenbank()->OpenRecordset("SELECT Count(*) AS N FROM sesPrStelle WHERE ID_TR=77;"))["N"]
+            .I4(),
+        1);
 }
 
 TEST_F(Sestonbogen, WithoutADatabaseFailsAsAllOperationsDo) {
@@ -215,10 +217,8 @@ TEST_F(Sestonbogen, AFindingWhoseTaxonTheCatalogueLacksIsToldOnceAndStays) {
     auto& offen = Offen();
     EXPECT_THAT(
         Boxen(),
-        ElementsAre(
-            Titel + "Ein Problem bei den Taxa der Probenstelle wurde automatisch behoben. Bitte prüfen "
-                    "Sie dennoch die Eingabedaten der Probenstelle.",
-            Titel + "1 Funde dieser Probenstelle stehen nicht in der Liste, weil ihr Taxon im Katalog "
+        ElementsAre(Titel +
+                    "1 Funde dieser Probenstelle stehen nicht in der Liste, weil ihr Taxon im Katalog "
                     "fehlt. Sie bleiben gespeichert."));
     EXPECT_EQ(offen.lblTaxazahl.Caption(), "1 Taxon (Zeile)");
     EXPECT_EQ(offen.vsfgAlgenArt.Rows(), 2);
@@ -227,7 +227,7 @@ TEST_F(Sestonbogen, AFindingWhoseTaxonTheCatalogueLacksIsToldOnceAndStays) {
     EXPECT_THAT(Funde(), ElementsAre("12 1 Null", "99 3 fremd"));
     // The site is opened anew: told again.
     EXPECT_TRUE(offen.DataObject_Init());
-    EXPECT_EQ(Boxen().size(), 2U);
+    EXPECT_EQ(Boxen().size(), 1U);
 }
 
 TEST_F(Sestonbogen, AFailureWhileTheListFillsIsShownAndTheSheetStays) {
@@ -519,6 +519,10 @@ TEST_F(Sestoneingabe, ATwinIsFoundByItsCf) {
     EXPECT_EQ(Liste().Row(), 1);
     bogen->Select_AktArt(77, false);
     EXPECT_EQ(Liste().Row(), 1);
+    // Without a row of that cf. the cursor goes to the one that the taxon has.
+    bogen->Select_AktArt(14, true);
+    EXPECT_EQ(Liste().Row(), 3);
+    EXPECT_EQ(Liste().Col(), Abundanz);
 }
 
 TEST_F(Sestoneingabe, ARowThatCannotBeSavedHoldsCommandsBack) {
