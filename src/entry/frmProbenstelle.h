@@ -197,6 +197,7 @@ private:
     controls::Leaving Deckung_Pruefen(const Deckungssatz& satz, const controls::TextBox& feld);
     float Bestandssumme(const Deckungssatz& satz) const;
     // -- frmProbenstelleAlgenArt.cpp
+    bool Liste_Fuellen();
     void Spalten_Anlegen();
     void Taxazeile_Fuellen(int row, const store::Recordset& fund);
     void Summenzeilen_Anlegen();

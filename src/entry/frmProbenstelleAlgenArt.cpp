@@ -29,23 +29,27 @@ bool Wahr(const store::Value& wert) { return !wert.IsNull() && wert.Bool(); }
 }  // namespace
 
 void frmProbenstelle::GridAlgenArt_Init() {
-    const controls::Hourglass sanduhr;
     if (!vsfgAlgenArt.LeaveRow()) return;
     try {
-        const controls::Grid::Filling fuellung(vsfgAlgenArt);
-        bool ok = true;
-        Spalten_Anlegen();
-        GridAlgenArt_Daten(ok);
-        if (ok) return;
+        if (Liste_Fuellen()) return;
         Box(Text(AutomatischBehoben), store::Buttons::Ok, store::Symbol::Information);
         // A taxon entered in the first pass is a row of the second, and may be followed by its cf. twin.
-        Spalten_Anlegen();
-        GridAlgenArt_Daten(ok);
+        Liste_Fuellen();
     } catch (const Error& error) {
         // Without a first sum row no cell opens: saving a row without its shares would delete them.
         ohneSummen_ = false;
         Failure(error);
     }
+}
+
+/// Builds the list from nothing. False where taxa were repaired, and the list is to be built once more.
+bool frmProbenstelle::Liste_Fuellen() {
+    const controls::Hourglass sanduhr;
+    const controls::Grid::Filling fuellung(vsfgAlgenArt);
+    bool ok = true;
+    Spalten_Anlegen();
+    GridAlgenArt_Daten(ok);
+    return ok;
 }
 
 // ---- columns -------------------------------------------------------------------------------------------
@@ -100,6 +104,9 @@ void frmProbenstelle::GridAlgenArt_Daten(bool& ok) {
     ohneSummen_ = true;
     zeilen_.clear();
     const auto funde = datenbank_->OpenRecordset(probenstelle::Taxa(ID_PS()));
+    // From the heads on: what stood in a row before belongs to another taxon.
+    ersteSummenzeile_ = -1;
+    vsfgAlgenArt.Rows(ErsteTaxazeile);
     vsfgAlgenArt.Rows(ErsteTaxazeile + funde->RecordCount());
     for (int row = ErsteTaxazeile; !funde->Eof(); funde->MoveNext(), ++row) Taxazeile_Fuellen(row, *funde);
     GrdAlgenArt_MIDaten(ok);

@@ -28,6 +28,21 @@ struct Katalogart {
     std::int32_t Lebensform = 1;
 };
 
+/// Records also when the person is shown the busy pointer.
+class AnzeigeMitSanduhr : public controls::RecordingDisplay {
+public:
+    void Busy(bool on) override {
+        if (on) ++Sanduhren;
+        RecordingDisplay::Busy(on);
+    }
+    store::Answer Box(std::string_view title, std::string_view text, store::Buttons buttons,
+                      store::Symbol symbol) override {
+        EXPECT_FALSE(Messages().IsBusy()) << "busy beside the box: " << text;
+        return RecordingDisplay::Box(title, text, buttons, symbol);
+    }
+    int Sanduhren = 0;
+};
+
 /// The algae sheet over a small database, a person in front of it, and a display that records. Covers of
 /// sub-habitat 17: classic 60 % with 20 % macroalgae, by the Directive 50 % with 15 %.
 class Algenbogen : public testing::Test {
@@ -170,7 +185,7 @@ protected:
     static std::string Meldung(std::int16_t nummer) { return "Algen - Probenstelle|" + store::Text(nummer); }
 
     Testdatei datei{"entry_Fundübersicht"};
-    std::shared_ptr<controls::RecordingDisplay> anzeige = std::make_shared<controls::RecordingDisplay>();
+    std::shared_ptr<AnzeigeMitSanduhr> anzeige = std::make_shared<AnzeigeMitSanduhr>();
     std::shared_ptr<frmProbenstelle> bogen;
     std::string PSBez;
 

@@ -241,6 +241,28 @@ TEST_F(AlgaeSheetTaxa, AreNotRepairedWhereTheRowHasTheOtherCf) {
     EXPECT_THAT(Anteile(), ElementsAre("31|8|-1|30"));
 }
 
+TEST_F(AlgaeSheetTaxa, KeepNothingOfTheRowsBeforeWhenTheyAreFilledAgain) {
+    Teilraum();
+    Bestaende();
+    VierArten();
+    Art(7, {"Amphora", "öd", 130, "benthisch", 2});
+    Fund(7);
+    Anteil(31, 7, "60");
+    ASSERT_TRUE(Oeffnen());
+    ASSERT_EQ(Zeile(7), 3);
+    datei.Datenbank()->Execute("DELETE * FROM awaArtPrStelle_MI;");
+    datei.Datenbank()->Execute("DELETE * FROM awaArtPrStelle WHERE ID_Art=7;");
+    bool ok = false;
+    bogen->GridAlgenArt_Daten(ok);
+    EXPECT_TRUE(ok);
+    EXPECT_EQ(Taxa().Rows(), 3 + 4 + 2);
+    EXPECT_EQ(Text(3, MI1, MI2), "|");
+    EXPECT_EQ(Taxa().CellColor(3, GattungCol), std::nullopt);
+    // The last taxon stands where the first sum was.
+    EXPECT_EQ(Text(Zeile(6), DG_MA, Makrophyten), "|||||");
+    EXPECT_EQ(Taxa().CellColor(Zeile(6), DG_MA), std::nullopt);
+}
+
 TEST_F(AlgaeSheetTaxa, AreToldOfWhereTheCatalogueLacksThem) {
     Teilraum();
     Bestaende();

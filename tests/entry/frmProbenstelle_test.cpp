@@ -242,6 +242,24 @@ TEST_F(AlgaeSheetOpening, HasACaptionOnEveryLabelAndButtonInBothLanguages) {
     }
 }
 
+TEST_F(AlgaeSheetOpening, ShowsTheBusyPointerWhileItFillsSavesAndAddsUp) {
+    Teilraum();
+    VierArten();
+    ASSERT_TRUE(Oeffnen());
+    const auto gezeigt = [this](const auto& arbeit) {
+        anzeige->Sanduhren = 0;
+        arbeit();
+        EXPECT_FALSE(anzeige->Messages().IsBusy());
+        return anzeige->Sanduhren;
+    };
+    EXPECT_EQ(gezeigt([this] { bogen->GridAlgenArt_Init(); }), 1);
+    bool ok = true;
+    EXPECT_EQ(gezeigt([&] { bogen->GridAlgenArt_Daten(ok); }), 1);
+    EXPECT_EQ(gezeigt([this] { bogen->GridAlgenArt_Summe(Taxa().Rows() - 1, false); }), 1);
+    EXPECT_TRUE(Person().EditCell(Taxa(), Zeile(1), DG_MA, "3"));
+    EXPECT_EQ(gezeigt([this] { EXPECT_TRUE(Person().Leave()); }), 1);
+}
+
 TEST_F(AlgaeSheetOpening, FailsWithoutADatabase) {
     bogen = controls::OpenForms().Load<frmProbenstelle>();
     try {
