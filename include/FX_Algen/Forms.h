@@ -110,13 +110,18 @@ FormState ReadForm(const std::string& form, std::optional<std::pair<int, int>> r
 /// - `click` on any control; grids need `Row` and `Col`, list boxes and list views `Index` or `Entry`. Leaves
 ///   the field that has the focus first. A menu is chosen by it, a check box flips.
 /// - `dblclick`, the same twice.
-/// - `set` on text boxes: the whole text is replaced by `Text`. On check boxes and option buttons: `Value`.
-///   On lists: the entry with the `Index`, or `Entry`. On combos the same, or `Text` as typed.
-/// - `type` on text boxes, combos and the open cell of a grid: `Text` character by character, in place of
-///   what is selected.
-/// - `cell` on grids: goes to `Row` and `Col`, opens the cell, writes `Text`, of a check cell `Value`, and
-///   ends the edit.
-/// - `select` on grids: the cursor goes to `Row` and `Col`. On lists and combos as `set`.
+/// - `set` on text boxes: the whole text is replaced by `Text`. On check boxes and option buttons: `Value`,
+/// or
+///   the `Text` "1", "-1" or "0". On lists: the entry with the `Index`, or `Entry`, which may stand in `Text`
+///   too. On combos `Index` or `Entry`, or `Text` as typed.
+/// - `type` on text boxes, combos and the open cell of a grid, on none for the focused one: `Text` character
+/// by
+///   character, in place of what is selected. Of a grid with `Row` and `Col`: in that cell.
+/// - `cell` on grids: goes to `Row` and `Col`, opens the cell, writes `Text`, of a check cell `Value` as of a
+///   check box, and ends the edit.
+/// - `select` on grids: the cursor goes to `Row` and `Col`. On lists and combos the entry with the `Index`,
+/// or
+///   `Entry`, which may stand in `Text` too.
 /// - `enter` on any control: gives it the focus, which leaves the former one.
 /// - `leave` on the control that has the focus, or on none: takes the focus away, as going to another place
 ///   does.
@@ -125,8 +130,10 @@ FormState ReadForm(const std::string& form, std::optional<std::pair<int, int>> r
 /// - `menu` on menus: chooses the entry.
 /// - `key` on any control, on none for the focused one: presses the key in `Text`, with `Shift`, `Ctrl` and
 ///   `Alt`: "Enter", "Escape", "Tab", "Space", "Delete", "Insert", "Backspace", "Up", "Down", "Left",
-///   "Right", "Home", "End", "PageUp", "PageDown", "F1" to "F12", or a character.
-/// - `scroll` on scroll bars and grids: scrolls to `Position`, a value or a row.
+///   "Right", "Home", "End", "PageUp", "PageDown", "F1" to "F12", or a character. Names go by any case and by
+///   "Return", "Esc", "Del", "Ins", "PgUp", "PgDn", "ArrowUp" and so on; what is held may stand in front, as
+///   in "Ctrl+Shift+Home". Of a grid with `Row` and `Col`: in that cell.
+/// - `scroll` on scroll bars and grids: scrolls to `Position`, a value or a row; of grids also `Row`.
 /// - `activate`, `deactivate`, `close` on the form as a whole: it comes to the front; goes behind another
 ///   window, which leaves the row; is closed as by its own button.
 ///

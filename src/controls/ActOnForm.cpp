@@ -1,11 +1,14 @@
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string_view>
 
 #include "FX_Algen/Error.h"
 #include "FX_Algen/Forms.h"
 #include "controls/Input.h"
+#include "controls/KeyNames.h"
 #include "controls/OpenForms.h"
+#include "store/TextOrder.h"
 
 namespace FX_Algen {
 
@@ -41,7 +44,12 @@ public:
     }
 
     const std::string& Text() const { return Value(action_.Text, "a text"); }
-    bool Value() const { return Value(action_.Value, "a value, true or false,"); }
+    /// A check mark, also as the number of a boolean.
+    bool Value() const {
+        if (!action_.Value && action_.Text == "0") return false;
+        if (!action_.Value && (action_.Text == "1" || action_.Text == "-1")) return true;
+        return Value(action_.Value, "a value, true or false,");
+    }
     int Row() const { return Value(action_.Row, "a row"); }
     int Col() const { return Value(action_.Col, "a column"); }
     int Index() const { return Value(action_.Index, "an index"); }
@@ -91,9 +99,14 @@ bool MeansEntry(const Deed& deed) {
     return !deed.As<controls::ComboBox>() || deed.Action().Index || deed.Action().Entry;
 }
 
+/// How the entry reads, where it is given so and not by its place.
+const std::optional<std::string>& EntryText(const Deed& deed) {
+    return deed.Action().Entry || deed.Action().Index ? deed.Action().Entry : deed.Action().Text;
+}
+
 /// The entry is looked for only once the control has the focus: leaving another field may fill the list anew.
 Taken ChooseEntry(const Deed& deed) {
-    const auto& text = deed.Action().Entry;
+    const auto& text = EntryText(deed);
     if (!text) deed.Index();
     if (auto entered = deed.Person().Enter(deed.On()); !entered) return entered;
     const auto entries = *EntriesOf(deed);
@@ -143,9 +156,18 @@ Taken Set(const Deed& deed) {
     return deed.Person().SetText(field, deed.Text());
 }
 
+/// To the cell that is given, before something is done at the cursor of a grid.
+Taken GoToCell(const Deed& deed) {
+    if (!deed.Action().Row && !deed.Action().Col) return {};
+    return OnCell(deed,
+                  [&](auto& grid, int row, int col) { return deed.Person().SelectCell(grid, row, col); });
+}
+
 Taken Type(const Deed& deed) {
     if (!deed.As<controls::Grid>()) deed.Needed<controls::TextBox>();
-    return deed.Person().Type(deed.On(), deed.Text());
+    const auto& text = deed.Text();
+    if (const auto gone = GoToCell(deed); !gone) return gone;
+    return deed.Person().Type(deed.On(), text);
 }
 
 Taken Cell(const Deed& deed) {
@@ -187,41 +209,34 @@ Taken PressToolbar(const Deed& deed) {
 
 Taken ChooseMenu(const Deed& deed) { return deed.Person().Click(deed.Needed<controls::Menu>()); }
 
-bool IsKeyName(const std::string& name) {
-    static constexpr std::array<std::string_view, 27> names{
-        "Enter", "Escape", "Tab",  "Space", "Delete", "Insert",   "Backspace", "Up",  "Down",
-        "Left",  "Right",  "Home", "End",   "PageUp", "PageDown", "F1",        "F2",  "F3",
-        "F4",    "F5",     "F6",   "F7",    "F8",     "F9",       "F10",       "F11", "F12"};
-    for (const auto& known : names)
-        if (known == name) return true;
-    // Bytes that go on with a character are none of their own.
-    int characters = 0;
-    for (const char c : name) characters += (static_cast<unsigned char>(c) & 0xC0U) != 0x80U ? 1 : 0;
-    return characters == 1;
-}
-
 Taken Key(const Deed& deed) {
-    if (!IsKeyName(deed.Text())) deed.Refuse("knows no key '" + deed.Text() + "'");
+    auto key = controls::ReadKey(deed.Text());
+    if (!key) deed.Refuse("knows no key '" + deed.Text() + "'");
+    const auto& action = deed.Action();
+    key->Shift = key->Shift || action.Shift;
+    key->Ctrl = key->Ctrl || action.Ctrl;
+    key->Alt = key->Alt || action.Alt;
     if (deed.Given() && deed.Given() != deed.Focused())
         if (const auto entered = Enter(deed); !entered) return entered;
-    const auto& action = deed.Action();
-    return deed.Person().Key({deed.Text(), action.Shift, action.Ctrl, action.Alt});
+    if (const auto gone = GoToCell(deed); !gone) return gone;
+    return deed.Person().Key(*key);
 }
 
 Taken Scroll(const Deed& deed) {
     const auto* grid = deed.As<controls::Grid>();
     if (!grid) deed.Needed<controls::ScrollBar>();
-    if (grid && !Within(deed.Position(), grid->Rows()))
-        return deed.NotThere("row " + std::to_string(deed.Position()));
-    return deed.Person().Scroll(deed.On(), deed.Position());
+    const int position = grid && deed.Action().Row ? deed.Row() : deed.Position();
+    if (grid && !Within(position, grid->Rows())) return deed.NotThere("row " + std::to_string(position));
+    return deed.Person().Scroll(deed.On(), position);
 }
 
 Taken Activate(const Deed& deed) { return deed.Person().Activate(); }
 Taken Deactivate(const Deed& deed) { return deed.Person().Deactivate(); }
 Taken Close(const Deed& deed) { return deed.Person().Close(); }
 
-/// Whether an action is done to a control, to the form as a whole, or to either.
-enum class Scope : std::uint8_t { Control, Form, Either };
+/// Whether an action is done to a control, to the one given or else the focused one, to the form as a whole, or
+/// to either.
+enum class Scope : std::uint8_t { Control, Focused, Form, Either };
 
 struct Entry {
     std::string_view Name;
@@ -233,7 +248,7 @@ constexpr std::array Entries{
     Entry{"click", Scope::Control, Click},
     Entry{"dblclick", Scope::Control, DblClick},
     Entry{"set", Scope::Control, Set},
-    Entry{"type", Scope::Control, Type},
+    Entry{"type", Scope::Focused, Type},
     Entry{"cell", Scope::Control, Cell},
     Entry{"select", Scope::Control, Select},
     Entry{"enter", Scope::Control, Enter},
@@ -254,6 +269,18 @@ const Entry& EntryOf(const std::string& action) {
     throw Error(ErrorNumber::TypeMismatch, "There is no action '" + action + "' on forms.");
 }
 
+/// Names of controls that may have been meant: the members of an array whose name was given without a number.
+std::string Meant(const controls::Form& form, const std::string& name) {
+    std::string out;
+    for (const auto& control : form.Controls()) {
+        const auto end = control->Name().find('(');
+        if (end == std::string::npos) continue;
+        if (store::CompareCaseBlind(control->Name().substr(0, end), name) != 0) continue;
+        out += (out.empty() ? ", but " : ", ") + control->Name();
+    }
+    return out;
+}
+
 }  // namespace
 
 ActionResult ActOnForm(const std::string& form, const FormAction& action) {
@@ -264,11 +291,13 @@ ActionResult ActOnForm(const std::string& form, const FormAction& action) {
     if (!action.Control.empty()) {
         control = found->Find(action.Control);
         if (!control)
-            throw Error(ErrorNumber::TypeMismatch,
-                        found->Name() + " has no control '" + action.Control + "'.");
+            throw Error(ErrorNumber::TypeMismatch, found->Name() + " has no control '" + action.Control +
+                                                       "'" + Meant(*found, action.Control) + ".");
     }
+    if (entry.On == Scope::Focused && !control) control = found->Focus();
     const Deed deed(*found, control, action);
-    if (entry.On == Scope::Control && !control) deed.Refuse("needs a control for '" + action.Action + "'");
+    const bool onControl = entry.On == Scope::Control || entry.On == Scope::Focused;
+    if (onControl && !control) deed.Refuse("needs a control for '" + action.Action + "'");
     if (entry.On == Scope::Form && control)
         deed.Refuse("takes no '" + action.Action + "': that is for the form as a whole");
     auto taken = entry.Do(deed);

@@ -373,12 +373,13 @@ TEST_P(WrongActions, FailWithAReason) {
     EXPECT_THAT(display_->Messages().TakeShown(), IsEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(NotThere, WrongActions,
-                         testing::Values(WrongAction{"cmdÄhre", "click",
-                                                     "frmMuster has no control 'cmdÄhre'"},
-                                         WrongAction{"cmdZu", "streichle", "no action 'streichle'"},
-                                         WrongAction{"cmdZu", "", "no action ''"},
-                                         WrongAction{"cmdZu", "Click", "no action 'Click'"}));
+INSTANTIATE_TEST_SUITE_P(
+    NotThere, WrongActions,
+    testing::Values(WrongAction{"cmdÄhre", "click", "frmMuster has no control 'cmdÄhre'."},
+                    WrongAction{"CMDPrStelle", "click", "no control 'CMDPrStelle', but cmdPrStelle(4)."},
+                    WrongAction{"cmdZu", "streichle", "no action 'streichle'"},
+                    WrongAction{"cmdZu", "", "no action ''"},
+                    WrongAction{"cmdZu", "Click", "no action 'Click'"}));
 
 INSTANTIATE_TEST_SUITE_P(
     NeedsMore, WrongActions,
@@ -414,8 +415,92 @@ TEST_F(ActOnForms, CheckCellsNeedAValueAndOthersAText) {
     for (const auto& action : {text, value}) EXPECT_THROW(Act(action), Error) << *action.Col;
 }
 
+TEST_F(ActOnForms, BooleansMayBeNumbers) {
+    struct {
+        const char* Text;
+        bool Checked;
+    } const cases[] = {{"1", true}, {"0", false}, {"-1", true}, {"0", false}};
+    for (const auto& c : cases) {
+        auto box = On("chkSynonym", "set");
+        box.Text = c.Text;
+        EXPECT_TRUE(Act(box).Taken);
+        EXPECT_EQ(form->chkSynonym.Value(), c.Checked) << c.Text;
+        auto cell = OnCell("cell", 2, 1);
+        cell.Text = c.Text;
+        EXPECT_TRUE(Act(cell).Taken);
+        EXPECT_EQ(form->vsfg.Checked(2, 1), c.Checked) << c.Text;
+    }
+    auto other = On("chkSynonym", "set");
+    other.Text = "2";
+    EXPECT_THROW(Act(other), Error);
+}
+
+TEST_F(ActOnForms, TextOfAListIsItsEntry) {
+    auto set = On("lstAlgen", "set");
+    set.Text = "Öocystis";
+    EXPECT_TRUE(Act(set).Taken);
+    EXPECT_EQ(form->lstAlgen.ListIndex(), 1);
+    auto select = On("cboGattung", "select");
+    select.Text = "Nitzschia";
+    EXPECT_TRUE(Act(select).Taken);
+    EXPECT_EQ(form->cboGattung.ListIndex(), 1);
+    select.Text = "Öd";
+    const auto none = Act(select);
+    EXPECT_FALSE(none.Taken);
+    EXPECT_THAT(none.Reason, HasSubstr("cboGattung has no entry 'Öd'"));
+    EXPECT_EQ(form->cboGattung.Text(), "Nitzschia");
+}
+
+TEST_F(ActOnForms, TypingWithoutAControlGoesToTheFocusedOne) {
+    FormAction type;
+    type.Action = "type";
+    type.Text = "Öl";
+    form->SetFocus(form->txtName);
+    EXPECT_TRUE(Act(type).Taken);
+    EXPECT_EQ(form->txtName.Text(), "Öl");
+    EXPECT_TRUE(Act("leave", "").Taken);
+    EXPECT_THROW(Act(type), Error);
+}
+
+TEST_F(ActOnForms, KeysAndTypingGoToTheCellThatIsGiven) {
+    auto key = OnCell("key", 2, 1);
+    key.Text = "Space";
+    EXPECT_TRUE(Act(key).Taken);
+    EXPECT_TRUE(form->vsfg.Checked(2, 1));
+    auto type = OnCell("type", 1, 0);
+    type.Text = "ß";
+    EXPECT_TRUE(Act(type).Taken);
+    EXPECT_EQ(form->vsfg.Row(), 1);
+    EXPECT_EQ(form->vsfg.EditText(), "ß");
+    key = OnCell("key", 4, 1);
+    key.Text = "Space";
+    EXPECT_FALSE(Act(key).Taken);
+    form->vsfg.CancelEdit();
+}
+
+TEST_F(ActOnForms, GridsScrollToARow) {
+    auto rows = OnCell("scroll", 2, 0);
+    EXPECT_TRUE(Act(rows).Taken);
+    EXPECT_EQ(form->vsfg.TopRow(), 2);
+}
+
+TEST_F(ActOnForms, HeldKeysMayStandInFront) {
+    std::string heard;
+    form->txtName.OnKey = [&](const KeyPress& key) {
+        heard = std::string(key.Ctrl ? "Ctrl " : "") + (key.Shift ? "Shift " : "") + key.Name;
+        return true;
+    };
+    auto key = On("txtName", "key");
+    key.Text = "shift+return";
+    EXPECT_TRUE(Act(key).Taken);
+    EXPECT_EQ(heard, "Shift Enter");
+    key.Ctrl = true;
+    EXPECT_TRUE(Act(key).Taken);
+    EXPECT_EQ(heard, "Ctrl Shift Enter");
+}
+
 TEST_F(ActOnForms, UnknownKeysFail) {
-    for (const auto* name : {"Entr", "enter", "", "F13", "ab", "äö"}) {
+    for (const auto* name : {"Entr", "", "F13", "ab", "äö", "Umschalt+Enter"}) {
         auto action = On("txtName", "key");
         action.Text = name;
         EXPECT_THROW(Act(action), Error) << name;
