@@ -63,7 +63,8 @@ public:
     /// Answers for the coming questions, in order, in place of those left over; boxes with OK alone take
     /// none of them. An answer that a question does not offer is used up and the safest one given.
     void SetAnswers(const std::vector<Answer>& answers);
-    /// The same as words, "Yes", "No", "OK", "Cancel", or any other text for what asks for a text.
+    /// The same as words, "Yes", "No", "OK", "Cancel", of any case, or any other text for what asks for a
+    /// text.
     void SetAnswerTexts(std::vector<std::string> answers) { answers_ = std::move(answers); }
     /// The next answer as a text, which is used up; none where none is left.
     std::optional<std::string> TakeAnswer();

@@ -3,6 +3,8 @@
 #include <iterator>
 #include <utility>
 
+#include "store/TextOrder.h"
+
 namespace FX_Algen::store {
 
 namespace {
@@ -58,7 +60,8 @@ Answer RecordingMessages::Box(std::string_view title, std::string_view text, But
         // questions.
         if (const auto given = TakeAnswer())
             for (const auto possible : {Answer::Ok, Answer::Cancel, Answer::Yes, Answer::No})
-                if (AnswerText(possible) == *given && Offers(buttons, possible)) answer = possible;
+                if (CompareCaseBlind(AnswerText(possible), *given) == 0 && Offers(buttons, possible))
+                    answer = possible;
     }
     Record({std::string(title), std::string(text), buttons, symbol, answer,
             buttons == Buttons::Ok ? "message" : "question", std::string(AnswerText(answer))});

@@ -101,6 +101,7 @@ TEST(AutomateFormState, ListTabsToolbarAndScrollBar) {
     auto bar = Named("scr", "ScrollBar");
     bar.Scroll = 40;
     EXPECT_EQ(Told(bar)["scroll"], 40);
+    EXPECT_EQ(Told(bar)["value"], 40);
 }
 
 TEST(AutomateFormState, GridTellsCellsColoursAndWhatIsHidden) {
@@ -180,7 +181,7 @@ INSTANTIATE_TEST_SUITE_P(
         WrongFormRequest{
             "form.act", {{"form", "x"}, {"action", "set"}, {"größe", 1}}, "no parameter 'größe'"},
         WrongFormRequest{"form.act", {{"form", "x"}, {"action", "set"}, {"control", 4}}, "control: a text"},
-        WrongFormRequest{"form.act", {{"form", "x"}, {"action", "set"}, {"text", 4}}, "text: a text"},
+        WrongFormRequest{"form.act", {{"form", "x"}, {"action", "set"}, {"text", true}}, "text: a text"},
         WrongFormRequest{
             "form.act", {{"form", "x"}, {"action", "set"}, {"value", nullptr}}, "value: a text, a number"},
         WrongFormRequest{"form.act", {{"form", "x"}, {"action", "set"}, {"entry", true}}, "entry: a 32-bit"},
@@ -268,9 +269,9 @@ TEST_F(AutomateSheets, FieldsTakeTextsAndNumbers) {
         Json Value;
         const char* Stored;
     } const cases[] = {
-        {"text", "66,5", "[[66.5]]"}, {"text", "66.25", "[[66.25]]"}, {"value", 67, "[[67.0]]"},
-        {"value", 12.5, "[[12.5]]"},  {"value", "13,5", "[[13.5]]"},  {"value", 5e1, "[[50.0]]"},
-        {"value", 1e-5, "[[1e-05]]"},
+        {"text", "66,5", "[[66.5]]"},  {"text", "66.25", "[[66.25]]"}, {"value", 67, "[[67.0]]"},
+        {"text", 66, "[[66.0]]"},      {"text", 66.5, "[[66.5]]"},     {"value", 12.5, "[[12.5]]"},
+        {"value", "13,5", "[[13.5]]"}, {"value", 5e1, "[[50.0]]"},     {"value", 1e-5, "[[1e-05]]"},
     };
     for (const auto& c : cases) {
         EXPECT_TRUE(talk_.Act(Sheet, "txtAlgenGesamt", "set", {{c.Kind, c.Value}}));
@@ -299,6 +300,31 @@ TEST_F(AutomateSheets, CellThatIsRefusedIsNotTaken) {
     ASSERT_EQ(shown.size(), 1U) << shown;
     EXPECT_EQ(shown[0]["text"], Text(2093, Language::German));
     EXPECT_EQ(entry_.Taxa()["cells"][3][10], "");
+}
+
+TEST_F(AutomateSheets, CheckMarksTakeNumbersAsBooleans) {
+    const auto marked = [this] { return entry_.Taxa()["cells"][3][4]; };
+    EXPECT_TRUE(talk_.Act(Sheet, "vsfgAlgenArt", "cell", Cell(3, 4, "value", 1)));
+    EXPECT_EQ(marked(), true);
+    EXPECT_TRUE(talk_.Act(Sheet, "vsfgAlgenArt", "cell", Cell(3, 4, "value", 0)));
+    EXPECT_EQ(marked(), false);
+    EXPECT_TRUE(talk_.Act(Sheet, "vsfgAlgenArt", "cell", Cell(3, 4, "value", -1)));
+    EXPECT_EQ(marked(), true);
+}
+
+TEST_F(AutomateSheets, ListOfTaxaScrollsToARow) {
+    for (const auto* kind : {"position", "row", "value"}) {
+        EXPECT_TRUE(talk_.Act(Sheet, "vsfgAlgenArt", "scroll", {{"position", 3}}));
+        EXPECT_TRUE(talk_.Act(Sheet, "vsfgAlgenArt", "scroll", {{kind, 5}}));
+        EXPECT_EQ(entry_.Taxa()["topRow"], 5) << kind;
+    }
+}
+
+TEST_F(AutomateSheets, AnswersGoByAnyCase) {
+    talk_.Result("dialog.answers", {{"answers", {"yes"}}});
+    const auto taxa = entry_.Taxa()["rows"].get<int>();
+    EXPECT_TRUE(talk_.Act(Sheet, "vsfgAlgenArt", "key", {{"key", "delete"}, {"row", 4}, {"col", 10}}));
+    EXPECT_EQ(entry_.Taxa()["rows"], taxa - 1);
 }
 
 TEST_F(AutomateSheets, KeysMoveTheCursorAndSaveTheRow) {

@@ -91,7 +91,7 @@ Json ControlJson(const ControlState& control) {
     } else if (!control.Parts.empty()) {
         out["buttons"] = PartsJson(control.Parts);
     }
-    if (control.Scroll) out["scroll"] = *control.Scroll;
+    if (control.Scroll) out["value"] = out["scroll"] = *control.Scroll;
     return out;
 }
 
@@ -103,6 +103,21 @@ T Read(const Json& params, const char* name) {
 template <class T>
 std::optional<T> Given(const Json& params, const char* name) {
     return params.contains(name) ? std::optional(Read<T>(params, name)) : std::nullopt;
+}
+
+/// A number as a person types it: never with an exponent, which no field reads.
+std::string Typed(const Json& number) {
+    if (number.is_number_integer()) return number.dump();
+    std::array<char, 400> text{};
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), number.get<double>(), std::chars_format::fixed);
+    return {text.data(), end.ptr};
+}
+
+/// A text, or a number as a person types it.
+std::optional<std::string> TextOf(const Json& params, const char* name) {
+    if (params.contains(name) && params[name].is_number()) return Typed(params[name]);
+    return Given<std::string>(params, name);
 }
 
 /// What the forms call a value of the wrong kind is a wrong parameter of the request.
@@ -123,15 +138,6 @@ std::optional<std::pair<int, int>> RowsOf(const Json& params) {
         throw Failure(Code::InvalidParams, "rows: a list of the first and the last row is needed.");
     return std::pair<int, int>(FromJson<std::int32_t>(rows[0], {}, "rows"),
                                FromJson<std::int32_t>(rows[1], {}, "rows"));
-}
-
-/// A number as a person types it: never with an exponent, which no field reads.
-std::string Typed(const Json& number) {
-    if (number.is_number_integer()) return number.dump();
-    std::array<char, 400> text{};
-    const auto end =
-        std::to_chars(text.data(), text.data() + text.size(), number.get<double>(), std::chars_format::fixed);
-    return {text.data(), end.ptr};
 }
 
 void RefuseBoth(const Json& params, const char* one, const char* other) {
@@ -166,14 +172,16 @@ FormAction ActionOf(const Json& params) {
     FormAction action;
     action.Control = Given<std::string>(params, "control").value_or("");
     action.Action = Read<std::string>(params, "action");
-    action.Text = Given<std::string>(params, "text");
-    if (params.contains("key")) action.Text = Read<std::string>(params, "key");
+    action.Text = TextOf(params, "text");
+    if (params.contains("key")) action.Text = TextOf(params, "key");
     if (params.contains("value")) TakeValue(params["value"], action);
     action.Row = Given<std::int32_t>(params, "row");
     action.Col = Given<std::int32_t>(params, "col");
     action.Index = Given<std::int32_t>(params, "index");
     if (params.contains("entry")) TakeEntry(params["entry"], action);
     action.Position = Given<std::int32_t>(params, "position");
+    // What `form.state` tells as the value of a scroll bar is its position.
+    if (action.Action == "scroll" && !action.Position) action.Position = Given<std::int32_t>(params, "value");
     action.Shift = Given<bool>(params, "shift").value_or(false);
     action.Ctrl = Given<bool>(params, "ctrl").value_or(false);
     action.Alt = Given<bool>(params, "alt").value_or(false);
