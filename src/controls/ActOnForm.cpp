@@ -234,8 +234,8 @@ Taken Activate(const Deed& deed) { return deed.Person().Activate(); }
 Taken Deactivate(const Deed& deed) { return deed.Person().Deactivate(); }
 Taken Close(const Deed& deed) { return deed.Person().Close(); }
 
-/// Whether an action is done to a control, to the one given or else the focused one, to the form as a whole, or
-/// to either.
+/// Whether an action is done to a control, to the one given or else the focused one, to the form as a whole,
+/// or to either.
 enum class Scope : std::uint8_t { Control, Focused, Form, Either };
 
 struct Entry {
