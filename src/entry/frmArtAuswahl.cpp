@@ -134,10 +134,11 @@ void frmArtAuswahl::Felder_Einrichten() {
     cmdArtAuswahl1.CausesValidation = false;
 }
 
-void frmArtAuswahl::Vervollstaendigen(controls::ComboBox& combo, bool gross,
-                                      std::function<void()> geaendert) {
+void frmArtAuswahl::Vervollstaendigen(controls::ComboBox& combo, bool gross, std::function<void()> geaendert,
+                                      std::function<void()> gewaehlt) {
     combo.OnGotFocus = [&combo] { Allgemein::Text_Markieren(combo); };
-    combo.OnChange = [this, &combo, gross, geaendert, zuletzt = std::make_shared<std::string>()] {
+    combo.OnChange = [this, &combo, gross, geaendert = std::move(geaendert),
+                      zuletzt = std::make_shared<std::string>()] {
         if (folgt_) return;
         {
             const Folgt folgt(folgt_);
@@ -145,15 +146,17 @@ void frmArtAuswahl::Vervollstaendigen(controls::ComboBox& combo, bool gross,
         }
         geaendert();
     };
-    combo.OnClick = [this, geaendert = std::move(geaendert)] {
-        if (!folgt_) geaendert();
+    combo.OnClick = [this, gewaehlt = std::move(gewaehlt)] {
+        if (!folgt_) gewaehlt();
     };
 }
 
 void frmArtAuswahl::Gattung_Verdrahten() {
-    Vervollstaendigen(cboGattung, true, [this] {
-        if (cboGattung.Text() != gattungDerArten_) Arten_Leeren();
-    });
+    Vervollstaendigen(
+        cboGattung, true, [this] { Arten_Leeren(); },
+        [this] {
+            if (cboGattung.Text() != gattungDerArten_) Arten_Leeren();
+        });
     cboGattung.OnLeave = [this] {
         if (Verlassen(cboGattung) == controls::Leaving::Stay) return controls::Leaving::Stay;
         Init_cboArt();
@@ -165,7 +168,8 @@ void frmArtAuswahl::Gattung_Verdrahten() {
         if (cboGattung.OnLeave() == controls::Leaving::Go) SetFocus(cboArt);
         return true;
     };
-    Vervollstaendigen(cboArt, false, [this] { ID_Folgen(); });
+    const auto folgen = [this] { ID_Folgen(); };
+    Vervollstaendigen(cboArt, false, folgen, folgen);
     cboArt.OnLeave = [this] { return Verlassen(cboArt); };
 }
 
@@ -173,9 +177,10 @@ void frmArtAuswahl::Synonym_Verdrahten() {
     chkSynonym.OnChange = [this] {
         if (!folgt_) chkSynonym_Geaendert();
     };
-    Vervollstaendigen(cboSynGattung, true, [this] { SynArten_Leeren(); });
+    const auto leeren = [this] { SynArten_Leeren(); };
+    Vervollstaendigen(cboSynGattung, true, leeren, leeren);
     cboSynGattung.OnLeave = [this] {
-        if (Verlassen(cboSynGattung) == controls::Leaving::Stay) return controls::Leaving::Stay;
+        if (Synonym_Verlassen(cboSynGattung) == controls::Leaving::Stay) return controls::Leaving::Stay;
         Init_cboSynArt();
         return controls::Leaving::Go;
     };
@@ -184,9 +189,10 @@ void frmArtAuswahl::Synonym_Verdrahten() {
         if (cboSynGattung.OnLeave() == controls::Leaving::Go) SetFocus(cboSynArt);
         return true;
     };
-    Vervollstaendigen(cboSynArt, false, [this] { GetArtFromSynonym(); });
-    // A text that is no synonym must not stand beside the taxon of another one.
-    cboSynArt.OnLeave = [this] { return Verlassen(cboSynArt); };
+    const auto nachschlagen = [this] { GetArtFromSynonym(); };
+    Vervollstaendigen(cboSynArt, false, nachschlagen, nachschlagen);
+    // A name that is in no list is held back here as in the other lists.
+    cboSynArt.OnLeave = [this] { return Synonym_Verlassen(cboSynArt); };
 }
 
 // ---- lists ---------------------------------------------------------------------------------------------
@@ -269,10 +275,13 @@ void frmArtAuswahl::ID_Folgen() {
 }
 
 controls::Leaving frmArtAuswahl::Verlassen(const controls::ComboBox& combo) {
-    // In a list without entries nothing could be chosen: who went there must get out again.
-    if (combo.ListIndex() >= 0 || combo.List().Count() == 0) return controls::Leaving::Go;
+    if (combo.ListIndex() >= 0) return controls::Leaving::Go;
     Bitte_Waehlen();
     return controls::Leaving::Stay;
+}
+
+controls::Leaving frmArtAuswahl::Synonym_Verlassen(const controls::ComboBox& combo) {
+    return combo.List().Count() > 0 ? Verlassen(combo) : controls::Leaving::Go;
 }
 
 void frmArtAuswahl::Bitte_Waehlen() const {

@@ -79,8 +79,10 @@ private:
     void Felder_Einrichten();
     void Gattung_Verdrahten();
     void Synonym_Verdrahten();
-    /// Has a combo complete what is typed into it and call `geaendert` after each change.
-    void Vervollstaendigen(controls::ComboBox& combo, bool gross, std::function<void()> geaendert);
+    /// Has a combo complete what is typed into it and call `geaendert` after each change of its text, and
+    /// `gewaehlt` after an entry was chosen.
+    void Vervollstaendigen(controls::ComboBox& combo, bool gross, std::function<void()> geaendert,
+                           std::function<void()> gewaehlt);
 
     void Init_cboKatalog();
     void Init_cboGattung();
@@ -91,7 +93,10 @@ private:
     bool Gattung_Waehlen(const std::string& Gattung);
     void Art_Waehlen(const std::string& Art, const std::string& ID_Art);
     void Nichts_Waehlen();
+    /// Asks for an entry where none is chosen, and keeps the focus then; of the synonyms only where the list
+    /// has entries.
     controls::Leaving Verlassen(const controls::ComboBox& combo);
+    controls::Leaving Synonym_Verlassen(const controls::ComboBox& combo);
     void Bitte_Waehlen() const;
 
     void Uebernehmen();

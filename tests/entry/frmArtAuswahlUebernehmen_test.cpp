@@ -76,6 +76,15 @@ TEST_F(Uebernahme, EnterBehindATypedGenusGoesOnToTheSpecies) {
     EXPECT_THAT(Boxen(), IsEmpty());
 }
 
+TEST_F(Uebernahme, EnterBehindTheGenusThatStoodThereGoesOnToTheSpeciesToo) {
+    auto& picker = Picker();
+    Input person(picker);
+    ASSERT_TRUE(person.Type(picker.cboGattung, "achn"));
+    ASSERT_TRUE(person.Key({"Enter"}));
+    EXPECT_EQ(picker.Focus(), &picker.cboArt);
+    EXPECT_THAT(bogen_->Funde(), IsEmpty());
+}
+
 TEST_F(Uebernahme, TakesTheSpeciesThatLeavingTheGenusForTheButtonChooses) {
     auto& picker = Picker();
     Input person(picker);

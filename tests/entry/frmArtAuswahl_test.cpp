@@ -188,10 +188,30 @@ TEST_F(Auswahltest, AGenusWithAnApostropheFailsInTheCommonHandlerAndNothingElseC
     EXPECT_TRUE(picker.IsOpen());
     EXPECT_EQ(picker.cboGattung.Text(), "O'Mearia");
     EXPECT_EQ(picker.cboArt.List().Count(), 0);
+}
 
-    // The list of species has no entries, so it lets the person go back.
-    ASSERT_TRUE(person.Enter(picker.cboGattung));
+TEST_F(Auswahltest, AGenusWithoutSpeciesKeepsTheFocusOnItsEmptyListUntilCancel) {
+    // Asplanchna, the first genus: its only taxon is deleted.
+    auto& picker = Picker(Auswahlmodus::Neu, Katalog::Seston);
+    Input person(picker);
+    ASSERT_TRUE(person.Enter(picker.cboArt));
+    EXPECT_FALSE(person.Enter(picker.cboGattung));
+    EXPECT_EQ(picker.Focus(), &picker.cboArt);
+    EXPECT_THAT(Boxen(), ElementsAre(BitteWaehlen));
+    ASSERT_TRUE(person.Click(picker.cmdArtAuswahl1));
+    EXPECT_FALSE(picker.IsOpen());
     EXPECT_THAT(Boxen(), IsEmpty());
+}
+
+TEST_F(Auswahltest, TypingIntoTheGenusTakesItsSpeciesAwayEvenWhereItStaysTheSame) {
+    auto& picker = Picker();
+    Input person(picker);
+    ASSERT_TRUE(person.Type(picker.cboGattung, "a"));
+    EXPECT_EQ(picker.cboGattung.Text(), "Achnanthes");
+    EXPECT_EQ(picker.cboArt.List().Count(), 0);
+    EXPECT_EQ(picker.cboArt.Text(), "");
+    EXPECT_EQ(picker.cboID_Art.Text(), "");
+    EXPECT_EQ(picker.cboID_Art.List().Count(), 0);
 }
 
 // ---- synonyms ------------------------------------------------------------------------------------------
