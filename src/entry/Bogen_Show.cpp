@@ -20,29 +20,9 @@ bool Gespeichert(const controls::Form& bogen) {
     return gespeichert;
 }
 
-/// Hands the sheet its settings and shows it. It ends unseen where it opens no data.
-template <class Bogen, class Einrichten>
-void Anzeigen(Bogen& bogen, Einrichten einrichten) {
-    if (!Gespeichert(bogen)) {
-        bogen.Show(bogen.FX_MainWnd());
-        return;
-    }
-    // A picker that stays would choose for rows that are not shown any more; it has written nothing yet.
-    for (const auto& kind : controls::OpenForms().ChildrenOf(bogen)) kind->Close(controls::Ending::Discard);
-    try {
-        if (einrichten())
-            bogen.Show(bogen.FX_MainWnd());
-        else
-            bogen.Close(controls::Ending::Discard);
-    } catch (...) {
-        if (!bogen.Visible()) bogen.Close(controls::Ending::Discard);
-        throw;
-    }
-}
-
 /// The settings that both sheets take, in their order.
 template <class Bogen>
-void Uebergeben(Bogen& bogen, const Bogenauftrag& auftrag) {
+void Uebergeben_Beiden(Bogen& bogen, const Bogenauftrag& auftrag) {
     bogen.CurrentWS(auftrag.CurrentWS);
     bogen.CurrentDB(auftrag.CurrentDB);
     bogen.Sprache(auftrag.SprachID);
@@ -54,32 +34,57 @@ void Uebergeben(Bogen& bogen, const Bogenauftrag& auftrag) {
     bogen.QOVAKatalogID(auftrag.QOVAKatalogID);
 }
 
+void Uebergeben(frmProbenstelle& bogen, const Bogenauftrag& auftrag) {
+    Uebergeben_Beiden(bogen, auftrag);
+    bogen.PSBez(auftrag.PSBez);
+    Allgemein::SetControlCaptions(bogen, auftrag.SprachID);
+    bogen.CanEdit(auftrag.CanEdit);
+    bogen.AnzeigeVersion40(auftrag.AnzeigeVersion40);
+    bogen.EditMode(auftrag.CanEdit);
+}
+
+void Uebergeben(frmProbenstelleSeston& bogen, const Bogenauftrag& auftrag) {
+    Uebergeben_Beiden(bogen, auftrag);
+    Allgemein::SetControlCaptions(bogen, auftrag.SprachID);
+}
+
+/// What came with the data takes the edit state, too.
+void Nach_Den_Daten(frmProbenstelle& bogen, const Bogenauftrag& auftrag) { bogen.EditMode(auftrag.CanEdit); }
+void Nach_Den_Daten(frmProbenstelleSeston&, const Bogenauftrag&) {}
+
+/// Hands the sheet its settings and shows it. It ends unseen where it opens no data.
+template <class Bogen>
+void Anzeigen(const Bogenauftrag& auftrag) {
+    const auto bogen = controls::OpenForms().Load<Bogen>();
+    if (!Gespeichert(*bogen)) {
+        bogen->Show(bogen->FX_MainWnd());
+        return;
+    }
+    // A picker that stays would choose for rows that are not shown any more; it has written nothing yet.
+    for (const auto& kind : controls::OpenForms().ChildrenOf(*bogen)) kind->Close(controls::Ending::Discard);
+    try {
+        Uebergeben(*bogen, auftrag);
+        if (!bogen->DataObject_Init()) {
+            bogen->Close(controls::Ending::Discard);
+            return;
+        }
+    } catch (...) {
+        // The rows in view are those of the former settings.
+        if (bogen->Gezeigt)
+            Uebergeben(*bogen, *bogen->Gezeigt);
+        else if (!bogen->Visible())
+            bogen->Close(controls::Ending::Discard);
+        throw;
+    }
+    Nach_Den_Daten(*bogen, auftrag);
+    bogen->Gezeigt = auftrag;
+    bogen->Show(bogen->FX_MainWnd());
+}
+
 }  // namespace
 
-void Probenstelle_Show(const Bogenauftrag& auftrag) {
-    const auto bogen = controls::OpenForms().Load<frmProbenstelle>();
-    Anzeigen(*bogen, [&] {
-        Uebergeben(*bogen, auftrag);
-        bogen->PSBez(auftrag.PSBez);
-        Allgemein::SetControlCaptions(*bogen, auftrag.SprachID);
-        bogen->CanEdit(auftrag.CanEdit);
-        bogen->AnzeigeVersion40(auftrag.AnzeigeVersion40);
-        bogen->EditMode(auftrag.CanEdit);
-        if (!bogen->DataObject_Init()) return false;
-        // What came with the data takes the edit state, too.
-        bogen->EditMode(auftrag.CanEdit);
-        return true;
-    });
-}
-
-void ProbenstelleSeston_Show(const Bogenauftrag& auftrag) {
-    const auto bogen = controls::OpenForms().Load<frmProbenstelleSeston>();
-    Anzeigen(*bogen, [&] {
-        Uebergeben(*bogen, auftrag);
-        Allgemein::SetControlCaptions(*bogen, auftrag.SprachID);
-        return bogen->DataObject_Init();
-    });
-}
+void Probenstelle_Show(const Bogenauftrag& auftrag) { Anzeigen<frmProbenstelle>(auftrag); }
+void ProbenstelleSeston_Show(const Bogenauftrag& auftrag) { Anzeigen<frmProbenstelleSeston>(auftrag); }
 
 void Probenstelle_Unload() {
     const auto bogen = controls::OpenForms().Find<frmProbenstelle>();

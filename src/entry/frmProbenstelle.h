@@ -14,6 +14,7 @@
 #include "controls/Form.h"
 #include "controls/Grid.h"
 #include "controls/Kinds.h"
+#include "entry/Bogenauftrag.h"
 #include "entry/Probenstellenbogen.h"
 #include "entry/Taxonart.h"
 
@@ -56,6 +57,9 @@ public:
     /// Shows both sets of covers, the macrophytes and the second sum row; else the set of the Directive
     /// alone.
     void AnzeigeVersion40(bool an);
+
+    /// The settings under which it was shown last.
+    std::optional<Bogenauftrag> Gezeigt;
 
     // -- operations
     /// Reads the site of `TeilraumID`, offers to create it where it is missing, binds its rows and fills both

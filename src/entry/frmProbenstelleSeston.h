@@ -9,6 +9,7 @@
 #include "controls/Form.h"
 #include "controls/Grid.h"
 #include "controls/Kinds.h"
+#include "entry/Bogenauftrag.h"
 #include "entry/Probenstellenbogen.h"
 
 namespace FX_Algen::entry {
@@ -30,6 +31,9 @@ public:
     std::int32_t FX_MainWnd() const noexcept { return hauptfenster_; }
     void AktBenutzer(std::string name) { benutzer_ = std::move(name); }
     void QOVAKatalogID(std::int16_t id) noexcept { qovaKatalogID_ = id; }
+
+    /// The settings under which it was shown last.
+    std::optional<Bogenauftrag> Gezeigt;
 
     // -- operations
     /// Reads the sampling site of the sub-habitat, offers to make it where there is none, binds its row and

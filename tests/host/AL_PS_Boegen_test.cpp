@@ -1,8 +1,10 @@
 // What a host does with the sheets of the sampling sites.
 #include <gmock/gmock.h>
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "FX_Algen/AL_PS.h"
@@ -208,6 +210,57 @@ TEST_F(Boegen, ASecondShowLeavesASheetAloneThatCannotBeSaved) {
     EXPECT_EQ(display->Gezeigt.size(), 2U);  // brought to the front
 }
 
+/// What can be read on a form: captions, tool tips, texts and cells.
+std::vector<std::string> Anblick(const controls::Form& form) {
+    std::vector<std::string> anblick{form.Caption()};
+    for (const auto& control : form.Controls()) {
+        const auto zeile = [&](const std::string& text) { anblick.push_back(control->Name() + ": " + text); };
+        zeile(control->Caption() + "|" + control->ToolTipText());
+        if (const auto* feld = dynamic_cast<const controls::TextBox*>(control.get())) zeile(feld->Text());
+        if (const auto* liste = dynamic_cast<const controls::Grid*>(control.get()))
+            for (int row = 0; row < liste->Rows(); ++row)
+                for (int col = 0; col < liste->Cols(); ++col) zeile(liste->Text(row, col));
+    }
+    return anblick;
+}
+
+TEST_F(Boegen, ASecondShowInAnotherLanguageLeavesNothingInTheFormerOne) {
+    for (const auto* statement :
+         {"UPDATE awaTeilraum SET DG_MA=12.5, MitBewuchsdichte_WRRL=0.25 WHERE ID_TR=9;",
+          "INSERT INTO awaTeilraum_MI (ID_TR_MI, ID_TR, MI_Bez, DG_MI) VALUES (91, 9, 'Überzug', 7.5);",
+          "INSERT INTO awaArt (ID_ART, Gattung, Art) VALUES (2, 'Navicula', 'gregaria');",
+          "INSERT INTO awaArtPrStelle (ID_PS, ID_ART, CF, DG_MA) VALUES (5, 2, 0, 3.5);"})
+        db.Handle->Execute(statement);
+    ps.TeilraumID(9);
+    ps.CanEdit(true);
+    ps.AnzeigeVersion40(true);
+    const auto zeigen = [&](std::int16_t sprache) {
+        ps.SprachID(sprache);
+        ps.Probenstelle_Show();
+        ps.ProbenstelleSeston_Show();
+    };
+    const auto anblicke = [&] {
+        return std::pair(Anblick(*Offen<frmProbenstelle>()), Anblick(*Offen<frmProbenstelleSeston>()));
+    };
+    zeigen(20000);
+    const auto englisch = anblicke();
+    ASSERT_THAT(englisch.first, testing::Contains("txtDG_Makro: 12.5"));
+    ASSERT_THAT(englisch.first, testing::Contains("vsfgAlgenArt: 3.5"));
+    ASSERT_THAT(englisch.second, testing::Contains("vsfgAlgenArt: Abundance"));
+    zeigen(10000);
+    const auto deutsch = anblicke();
+    EXPECT_THAT(deutsch.first, testing::Contains("txtDG_Makro: 12,5"));
+    EXPECT_THAT(deutsch.first, testing::Contains("vsfgAlgenArt: 3,5"));
+    EXPECT_THAT(deutsch.first, testing::Contains("vsfgAlgenTL_MI: 7,5"));
+    EXPECT_THAT(deutsch.second, testing::Contains("vsfgAlgenArt: Abundanz"));
+    EXPECT_THAT(deutsch.second, testing::Contains("lblTaxazahl: 1 Taxon (Zeile)|"));
+    zeigen(20000);
+    EXPECT_EQ(anblicke(), englisch);
+    while (!controls::OpenForms().All().empty()) controls::OpenForms().All().back()->Close();
+    zeigen(10000);
+    EXPECT_EQ(anblicke(), deutsch);
+}
+
 TEST_F(Boegen, UnloadSavesAndClosesTheAlgaeSheetAlone) {
     ps.Probenstelle_Unload();  // none is open: nothing
     ps.TeilraumID(9);
@@ -230,6 +283,36 @@ TEST_F(Boegen, AFailedSecondShowLeavesTheAlgaeSheetOnItsOwnDatabase) {
     ps.DBName("gibt es nicht.db");
     EXPECT_THROW(ps.Probenstelle_Show(), Error);
     EXPECT_EQ(Offen<frmProbenstelle>()->WorksOn(), db.Handle);
+}
+
+TEST_F(Boegen, AFailedSecondShowLeavesSettingsAndTextsAsTheyWere) {
+    ps.TeilraumID(9);
+    ps.CanEdit(false);
+    ps.Probenstelle_Show();
+    ps.ProbenstelleSeston_Show();
+    const auto algen = Offen<frmProbenstelle>();
+    const auto seston = Offen<frmProbenstelleSeston>();
+    const auto davor = std::pair(Anblick(*algen), Anblick(*seston));
+    ps.TeilraumID(10);
+    ps.SprachID(20000);
+    ps.CanEdit(true);
+    ps.AnzeigeVersion40(true);
+    ps.DebugModus(true);
+    ps.DBName("gibt es nicht.db");
+    EXPECT_THROW(ps.Probenstelle_Show(), Error);
+    EXPECT_THROW(ps.ProbenstelleSeston_Show(), Error);
+    EXPECT_EQ(std::pair(Anblick(*algen), Anblick(*seston)), davor);
+    EXPECT_TRUE(algen->txtPSBez.Locked());
+    EXPECT_FALSE(algen->cmdArtNeu.IsEnabled());
+    EXPECT_FALSE(algen->txtAlgenGesamt.IsShown());
+    EXPECT_FALSE(algen->txtID_PS.IsShown());
+    EXPECT_FALSE(seston->txtID_PS.IsShown());
+    // The data read anew are those of the former sub-habitat.
+    algen->txtReturn.Text("1");
+    seston->txtReturn.Text("1");
+    EXPECT_EQ(algen->txtPSBez.Text(), "Überlauf");
+    EXPECT_EQ(seston->txtPSBez.Text(), "Überlauf");
+    EXPECT_THAT(Boxen(), IsEmpty());
 }
 
 TEST_F(Boegen, UnloadAsksWhereTheSheetCannotBeSavedAndSavesTheOthers) {
@@ -311,33 +394,63 @@ TEST_F(Boegen, ARowThatCannotBeSavedIsToldAndTheOperationWorksOnWhatIsStored) {
     EXPECT_EQ(Offen<frmProbenstelleSeston>()->vsfgAlgenArt.Text(1, 5), "99999999999");
 }
 
-/// Calls the host's operation while a box is open, as a timer of the host would.
+/// Calls the host's operations while a box is open, as a timer of the host would.
 class Dazwischen : public controls::RecordingDisplay {
 public:
-    explicit Dazwischen(AL_PS& ps) : ps_(ps) {}
+    explicit Dazwischen(std::function<void()> rufen) : rufen_(std::move(rufen)) {}
     store::Answer Box(std::string_view title, std::string_view text, store::Buttons buttons,
                       store::Symbol symbol) override {
-        if (!gerufen_) {
-            gerufen_ = true;
-            ps_.Get_Version();
-        }
+        if (const auto rufen = std::exchange(rufen_, nullptr)) rufen();
         return RecordingDisplay::Box(title, text, buttons, symbol);
     }
 
 private:
-    AL_PS& ps_;
-    bool gerufen_ = false;
+    std::function<void()> rufen_;
 };
 
 TEST_F(Boegen, ACallFromWithinABoxLeavesTheFormAloneThatShowsIt) {
     ps.TeilraumID(9);
     ps.ProbenstelleSeston_Show();
-    const auto dazwischen = std::make_shared<Dazwischen>(ps);
+    const auto dazwischen = std::make_shared<Dazwischen>([&] { ps.Get_Version(); });
     SetDisplay(dazwischen);
     Tippen("99999999999");
     EXPECT_FALSE(Offen<frmProbenstelleSeston>()->SaveRows());
     // One box of the row that could not be saved, not one within the other.
     EXPECT_EQ(dazwischen->Messages().TakeShown().size(), 1U);
+    SetDisplay(display);
+}
+
+TEST_F(Boegen, ACallFromWithinABoxLeavesRowsOfOtherFormsAlone) {
+    ps.TeilraumID(9);
+    ps.ProbenstelleSeston_Show();
+    Tippen("8");
+    std::int32_t waehrenddessen = 0;
+    const auto dazwischen = std::make_shared<Dazwischen>([&] {
+        ps.Berechnung_InitSeston();
+        waehrenddessen = Abundanz();
+    });
+    SetDisplay(dazwischen);
+    Offen<frmProbenstelleSeston>()->Box("Hinweis");
+    EXPECT_EQ(waehrenddessen, 5);
+    SetDisplay(display);
+}
+
+TEST_F(Boegen, AShowFromWithinABoxOfTheSheetLeavesItAsItIs) {
+    ps.TeilraumID(9);
+    ps.ProbenstelleSeston_Show();
+    const auto dazwischen = std::make_shared<Dazwischen>([&] {
+        ps.TeilraumID(10);
+        ps.SprachID(20000);
+        ps.ProbenstelleSeston_Show();
+    });
+    SetDisplay(dazwischen);
+    Tippen("99999999999");
+    const auto bogen = Offen<frmProbenstelleSeston>();
+    EXPECT_FALSE(bogen->SaveRows());
+    EXPECT_EQ(dazwischen->Messages().TakeShown().size(), 1U);
+    EXPECT_EQ(bogen->txtPSBez.Text(), "Überlauf");
+    EXPECT_EQ(bogen->Caption(), "Seston - Probenstelle");
+    EXPECT_EQ(bogen->vsfgAlgenArt.Text(1, 5), "99999999999");
     SetDisplay(display);
 }
 
