@@ -121,6 +121,9 @@ public:
     /// Enter in an open cell ends the edit and is then pressed on the grid itself; else it only ends the
     /// edit.
     bool EnterGoesOn = false;
+    /// Which keys an open cell leaves to the grid's `OnKey`, and then to the grid, though it would use them
+    /// itself: true for such a key. The cell stays open. None: no key.
+    std::function<bool(const KeyPress& key)> KeyPassesEdit;
 
     // -- events; row and column of the cell in question. A new text is what the cell is to hold: the code of
     // a coded list, "-1" or "0" for a check cell.

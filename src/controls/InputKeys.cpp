@@ -213,6 +213,7 @@ Taken Input::Steps::KeyOfTabs(TabControl& tabs, const KeyPress& key) {
 // -- grids
 
 Taken Input::Steps::KeyInEdit(Grid& grid, const KeyPress& key) {
+    if (const auto passes = grid.KeyPassesEdit; passes && passes(key)) return Unused();
     if (const auto character = Typed(key)) return TypeCharacter(grid, *character);
     if (key.Ctrl || key.Alt) return Unused();
     if (key.Name == "Enter") {
