@@ -56,7 +56,7 @@ std::string Stellen(std::int32_t ID_TR) {
 }
 
 std::string TeilraumAnlegen(std::int32_t ID_TR) {
-    return Text("INSERT INTO awaTeilraum (ID_TR) VALUES (", Z(ID_TR), ");");
+    return Text("INSERT INTO awaTeilraum (ID_TR) VALUES (", Z(ID_TR), ")");
 }
 
 std::string StelleAnlegen(std::int32_t ID_TR, std::string_view PSBez) {

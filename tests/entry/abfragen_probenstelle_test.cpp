@@ -24,7 +24,7 @@ INSTANTIATE_TEST_SUITE_P(
              "awaPrStelle ON awaTeilraum.ID_TR=awaPrStelle.ID_TR WHERE awaTeilraum.ID_TR=17;"},
         Fall{"sub-habitat", Teilraum(17), "SELECT * FROM awaTeilraum WHERE awaTeilraum.ID_TR=17;"},
         Fall{"sites", Stellen(17), "SELECT ID_PS, PSBez FROM awaPrStelle WHERE ID_TR=17;"},
-        Fall{"new sub-habitat", TeilraumAnlegen(17), "INSERT INTO awaTeilraum (ID_TR) VALUES (17);"},
+        Fall{"new sub-habitat", TeilraumAnlegen(17), "INSERT INTO awaTeilraum (ID_TR) VALUES (17)"},
         Fall{"new site", StelleAnlegen(17, "Böschung"),
              "INSERT INTO awaPrStelle (ID_TR, PSBez) VALUES (17,'Böschung');"},
         Fall{"new site without name", StelleAnlegen(17, ""),
