@@ -157,7 +157,7 @@ void frmProbenstelle::Summenzeilen_Anlegen() {
 }
 
 void frmProbenstelle::Taxazahl_Zeigen() {
-    // One less than the taxa where the second sum row is missing; that is how the label has always counted.
+    // Takes no account of the mode: with one sum row alone the label reads one less than the taxa.
     constexpr int KopfUndSummen = ErsteTaxazeile + 2;
     lblTaxazahl.Caption(std::to_string(vsfgAlgenArt.Rows() - KopfUndSummen) + " " + Text(TaxaZeilen));
 }
