@@ -43,6 +43,13 @@ bool Weitergehen(controls::Grid& liste, const controls::KeyPress& taste) {
     return true;
 }
 
+bool GehtAnDieListe(const controls::Grid& liste, const controls::KeyPress& taste) {
+    if (taste.Ctrl || taste.Alt || !liste.IsEditing()) return false;
+    if (taste.Name == "Delete") return liste.EditSelected();
+    return (taste.Name == "Space" || taste.Name == " ") &&
+           liste.ColKind(liste.Col()) == controls::CellKind::Number;
+}
+
 void Zahl_Melden(const controls::Form& bogen, controls::Grid& liste, int zeile, int spalte, bool ganze) {
     const auto text = liste.Text(zeile, spalte);
     if (text.empty()) return;

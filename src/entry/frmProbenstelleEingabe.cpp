@@ -43,6 +43,9 @@ void frmProbenstelle::Eingabe_Verdrahten() {
     vsfgAlgenArt.OnAfterEdit = [this](int row, int col) { Eingabe_Uebernehmen(row, col); };
     vsfgAlgenArt.OnBeforeRowLeave = [this](int row) { return Zeile_Verlassen(row); };
     vsfgAlgenArt.EnterGoesOn = true;
+    vsfgAlgenArt.KeyPassesEdit = [this](const controls::KeyPress& key) {
+        return GehtAnDieListe(vsfgAlgenArt, key);
+    };
     vsfgAlgenArt.OnKey = [this](const controls::KeyPress& key) { return Taste(key); };
     vsfgAlgenArt.OnCellClick = [this](int row, int col) {
         if (!IstTaxazeile(row)) return;
@@ -102,12 +105,14 @@ bool frmProbenstelle::Taste(const controls::KeyPress& key) {
         return true;
     }
     if (Weitergehen(liste, key)) return true;
-    if (liste.IsEditing()) return false;
     if (key.Name == "Space" || key.Name == " ") {
         if (!IstTaxazeile(liste.Row())) return true;
         const int col = liste.Col();
-        liste.Toggle(liste.Row(), SpalteCF);
+        const bool offen = liste.IsEditing();
+        const bool gesetzt = liste.Toggle(liste.Row(), SpalteCF);
         if (col >= 0) liste.Select(liste.Row(), col);
+        // Who went on with Tab goes on typing where the cell was open.
+        if (offen && gesetzt) liste.StartEdit();
         return true;
     }
     if (key.Name == "Delete") {

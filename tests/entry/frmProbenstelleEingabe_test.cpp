@@ -283,6 +283,74 @@ TEST_F(AlgaeSheetEntry, SetsCfWithSpaceAnywhereInTheRow) {
     EXPECT_FALSE(Taxa().Checked(Taxa().Rows() - 1, CF));
 }
 
+TEST_F(AlgaeSheetEntry, SetsCfWithSpaceFromACellThatTabOpened) {
+    Sechs();
+    ASSERT_TRUE(Oeffnen());
+    const int row = Zeile(2);
+    EXPECT_TRUE(Person().SelectCell(Taxa(), row, SD_MA));
+    EXPECT_TRUE(Person().Key({"Tab"}));
+    ASSERT_TRUE(Taxa().IsEditing());
+    EXPECT_TRUE(Person().Key({"Space"}));
+    EXPECT_TRUE(Taxa().Checked(row, CF));
+    EXPECT_EQ(Taxa().Text(row, MI1), "");
+    // The share is typed on, before and behind the mark.
+    for (const auto* taste : {"3", "7", "Space", "Tab", "5", " ", "Tab"}) EXPECT_TRUE(Person().Key({taste}));
+    EXPECT_TRUE(Taxa().Checked(row, CF));
+    EXPECT_EQ(Text(row, MI1, MI2), "37|5");
+    EXPECT_EQ(Taxa().Col(), Schalen);
+    EXPECT_TRUE(Person().Leave());
+    EXPECT_THAT(Anteile(), ElementsAre("31|2|-1|37", "32|2|-1|5"));
+    EXPECT_THAT(Boxen(), IsEmpty());
+}
+
+TEST_F(AlgaeSheetEntry, SetsNothingWithSpaceWhereTheOpenCellRefusesItsText) {
+    Sechs();
+    ASSERT_TRUE(Oeffnen());
+    const int row = Zeile(1);
+    EXPECT_TRUE(Person().SelectCell(Taxa(), row, Schalen));
+    EXPECT_TRUE(Person().Type(Taxa(), "3"));
+    EXPECT_TRUE(Person().Key({"Space"}));
+    EXPECT_THAT(Boxen(), ElementsAre(Meldung(12093)));
+    EXPECT_FALSE(Taxa().Checked(row, CF));
+    EXPECT_EQ(Taxa().Col(), Schalen);
+}
+
+TEST_F(AlgaeSheetEntry, FlipsNoCheckMarkWhereTheArrowsComeToOne) {
+    Sechs();
+    Fuellen("UPDATE awaArtPrStelle SET MAalsMI=-1 WHERE ID_Art=1;");
+    ASSERT_TRUE(Oeffnen());
+    const int row = Zeile(1);
+    EXPECT_TRUE(Person().SelectCell(Taxa(), row, DG_MA));
+    for (const int col : {LF, MAalsMI, CF}) {
+        EXPECT_TRUE(Person().Key({"Left"}));
+        EXPECT_EQ(Taxa().Col(), col);
+    }
+    EXPECT_TRUE(Person().Key({"Right"}));
+    EXPECT_TRUE(Person().Key({"Tab", true}));
+    EXPECT_EQ(Taxa().Col(), CF);
+    EXPECT_FALSE(Taxa().Checked(row, CF));
+    EXPECT_TRUE(Taxa().Checked(row, MAalsMI));
+    EXPECT_FALSE(Taxa().Checked(row, LF));
+}
+
+TEST_F(AlgaeSheetEntry, ChangesNothingWhereTabGoesThroughARow) {
+    Sechs();
+    Fuellen("UPDATE awaArtPrStelle SET MAalsMI=-1, DG_MA=4.5, SD_MA=2 WHERE ID_Art=1;");
+    Anteil(31, 1, "12.25");
+    ASSERT_TRUE(Oeffnen());
+    const int row = Zeile(1);
+    // Another hand changes the stored row: it would be lost if the row were written.
+    datei.Datenbank()->Execute("UPDATE awaArtPrStelle SET DG_MP=9 WHERE ID_Art=1;");
+    EXPECT_TRUE(Person().SelectCell(Taxa(), row, GattungCol));
+    for (int i = 0; i < 11; ++i) EXPECT_TRUE(Person().Key({"Tab"}));
+    EXPECT_EQ(Taxa().Row(), row + 1);
+    EXPECT_EQ(Text(row, DG_MA, MI1), "4,5|2|12,25");
+    EXPECT_TRUE(Taxa().Checked(row, MAalsMI));
+    EXPECT_THAT(Boxen(), IsEmpty());
+    EXPECT_THAT(Funde()[0], "1|0|4.5|2|0|9|-1");
+    EXPECT_THAT(Anteile(), ElementsAre("31|1|0|12.25"));
+}
+
 TEST_F(AlgaeSheetEntry, SavesAndStartsANewTaxonWithEnter) {
     Sechs();
     ASSERT_TRUE(Oeffnen());
@@ -330,6 +398,27 @@ TEST_F(AlgaeSheetEntry, DeletesTheTaxonWithDelete) {
     bogen->EditMode(false);
     Person().Key({"Delete"});
     EXPECT_THAT(Boxen(), IsEmpty());
+}
+
+TEST_F(AlgaeSheetEntry, DeletesTheTaxonFromACellThatTabOpenedUntilSomethingIsTyped) {
+    Sechs();
+    Fuellen("UPDATE awaArtPrStelle SET Schalen_KA=40 WHERE ID_Art=3;");
+    ASSERT_TRUE(Oeffnen());
+    EXPECT_TRUE(Person().SelectCell(Taxa(), Zeile(3), MI2));
+    EXPECT_TRUE(Person().Key({"Tab"}));
+    ASSERT_TRUE(Taxa().IsEditing());
+    for (const auto* taste : {"3", "7", "Delete"}) EXPECT_TRUE(Person().Key({taste}));
+    EXPECT_THAT(Boxen(), IsEmpty());
+    EXPECT_EQ(Taxa().EditText(), "37");
+    EXPECT_TRUE(Person().Key({"Tab", true}));
+    EXPECT_TRUE(Person().Key({"Tab"}));
+    ASSERT_TRUE(Taxa().IsEditing());
+    Antworten({store::Answer::No, store::Answer::Yes});
+    EXPECT_TRUE(Person().Key({"Delete"}));
+    EXPECT_THAT(Boxen(), ElementsAre("Algen - Probenstelle|Art Navicula gregaria wirklich löschen?"));
+    EXPECT_EQ(Taxa().Text(Zeile(3), Schalen), "37");
+    EXPECT_TRUE(Person().Key({"Delete"}));
+    EXPECT_EQ(Zeile(3), -1);
 }
 
 }  // namespace
