@@ -55,7 +55,7 @@ INSTANTIATE_TEST_SUITE_P(Words, AnswerWords,
                                          AnswerCase{"OK", Buttons::YesNo, Answer::No},
                                          AnswerCase{"Yes", Buttons::OkCancel, Answer::Cancel},
                                          AnswerCase{"OK", Buttons::YesNoCancel, Answer::Cancel},
-                                         AnswerCase{"yes", Buttons::YesNo, Answer::No},
+                                         AnswerCase{"yes", Buttons::YesNo, Answer::Yes},
                                          AnswerCase{"/tmp/Übersicht.xlsx", Buttons::YesNo, Answer::No}));
 
 TEST(AnswerWords, AreNotTakenByBoxesWithOkAlone) {
