@@ -111,6 +111,8 @@ bool frmProbenstelleSeston::DataObject_Init() {
 // ---- list of taxa --------------------------------------------------------------------------------------
 
 void frmProbenstelleSeston::GridAlgenArt_Init() {
+    // What is being typed would go with its row.
+    if (!vsfgAlgenArt.LeaveRow()) return;
     try {
         {
             const controls::Hourglass sanduhr;
@@ -126,7 +128,6 @@ void frmProbenstelleSeston::GridAlgenArt_Init() {
 
 void frmProbenstelleSeston::Spalten_Einrichten() {
     using namespace SestonSpalten;
-    vsfgAlgenArt.CancelEdit();
     vsfgAlgenArt.Rows(Kopfzeilen);
     vsfgAlgenArt.Cols(Anzahl);
     vsfgAlgenArt.Fixed(Kopfzeilen, Marke + 1);

@@ -40,8 +40,9 @@ public:
     /// fills the list. What an open sheet holds is saved first. False where there is no site and the person
     /// wants none. A failure of the store before the site is bound leaves the call.
     bool DataObject_Init();
-    /// Builds the columns of the list and fills it, and says once how many findings have no row. Failures end
-    /// in the common handler; what was read until then stays.
+    /// Saves the row that is being edited, builds the columns of the list and fills it, and says once how
+    /// many findings have no row. Nothing is built where that row cannot be saved. Failures end in the common
+    /// handler; what was read until then stays.
     void GridAlgenArt_Init() override;
     /// Fills the rows and the count. Findings whose taxon the catalogue lacks get no row.
     void GridAlgenArt_Daten();

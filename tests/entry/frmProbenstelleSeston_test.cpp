@@ -290,6 +290,19 @@ TEST_F(Sestoneingabe, KeepsApostrophesOfARemark) {
     EXPECT_THAT(Funde(), ElementsAre("12 5 Müller's 'Probe'; DROP", "14 1 Null"));
 }
 
+TEST_F(Sestoneingabe, ARowBeingTypedIsSavedBeforeTheListIsBuiltAnewAndStaysWhereItCannotBe) {
+    Input person(*bogen);
+    ASSERT_TRUE(person.SelectCell(Liste(), 1, Abundanz));
+    ASSERT_TRUE(person.Type(Liste(), "9"));
+    bogen->GridAlgenArt_Init();
+    EXPECT_THAT(Funde(), ElementsAre("12 9 alt", "14 1 Null"));
+    EXPECT_FALSE(Liste().IsEditing());
+    ASSERT_TRUE(person.Type(Liste(), "99999999999"));
+    bogen->GridAlgenArt_Init();
+    EXPECT_EQ(Liste().Text(1, Abundanz), "99999999999");
+    EXPECT_EQ(Boxen().size(), 1U);
+}
+
 struct Eingabe {
     std::string Getippt, Gespeichert, Gezeigt;
     std::vector<std::string> Boxen;
@@ -435,6 +448,18 @@ TEST_F(Sestoneingabe, ShiftEnterSavesTheRowOnly) {
     ASSERT_TRUE(person.Key({"Enter", true}));
     EXPECT_THAT(Funde(), ElementsAre("12 9 alt", "14 1 Null"));
     EXPECT_EQ(Picker(), nullptr);
+}
+
+TEST_F(Sestoneingabe, KeysWithCtrlOrAltAreNoneOfItsOwn) {
+    Input person(*bogen);
+    ASSERT_TRUE(person.ClickCell(Liste(), 1, Gattung));
+    for (const auto* taste : {"Delete", "Enter", "Space"})
+        for (const bool strg : {true, false}) {
+            person.Key({taste, false, strg, !strg});
+            EXPECT_EQ(Picker(), nullptr) << taste;
+            EXPECT_FALSE(Liste().Checked(1, CF)) << taste;
+        }
+    EXPECT_THAT(Boxen(), IsEmpty());
 }
 
 // ---- commands ------------------------------------------------------------------------------------------

@@ -196,6 +196,32 @@ TEST_F(Boegen, ASecondShowSavesTheRowAndClosesThePickerFirst) {
     EXPECT_THAT(Boxen(), IsEmpty());
 }
 
+TEST_F(Boegen, ASecondShowWithAnotherDatabaseReadsAndWritesThere) {
+    ps.TeilraumID(9);
+    ps.ProbenstelleSeston_Show();
+    Tippen("8");
+    const auto pfad = (db.Folder() / "zweite.db").string();
+    store::CreateDatabase(pfad, store::DatabaseKind::Project);
+    const auto zweite = store::Workspace().OpenDatabase(pfad);
+    for (const auto* statement :
+         {"INSERT INTO Teilraum (ID_TR, TRBez) VALUES (9, 'Altarm');",
+          "INSERT INTO sesArt (ID_ART, Gattung, Art) VALUES (12, 'Keratella', 'cochlearis');",
+          "INSERT INTO sesPrStelle (ID_PS, ID_TR, PSBez) VALUES (5, 9, 'Röhricht');",
+          "INSERT INTO sesArtPrStelle (ID_PS, ID_ART, CF, Abundanz) VALUES (5, 12, 0, 1);"})
+        zweite->Execute(statement);
+    ps.CurrentDB(zweite);
+    ps.DBName(pfad);
+    ps.ProbenstelleSeston_Show();
+    const auto bogen = Offen<frmProbenstelleSeston>();
+    EXPECT_EQ(bogen->txtPSBez.Text(), "Röhricht");
+    EXPECT_EQ(bogen->vsfgAlgenArt.Text(1, 5), "1");
+    Tippen("3");
+    ps.Get_Version();
+    EXPECT_EQ(Abundanz(), 8);
+    EXPECT_EQ((*zweite->OpenRecordset("SELECT Abundanz FROM sesArtPrStelle;"))["Abundanz"].I4(), 3);
+    bogen->Close();
+}
+
 TEST_F(Boegen, ASecondShowLeavesASheetAloneThatCannotBeSaved) {
     ps.TeilraumID(9);
     ps.ProbenstelleSeston_Show();
