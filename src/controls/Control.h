@@ -51,6 +51,13 @@ struct Colour {
 /// What leaving a field came to: its validation lets go, or keeps the focus there.
 enum class Leaving : std::uint8_t { Go, Stay };
 
+/// The string number that a text stands for, in a place that holds the number until a language is applied.
+/// It counts as long as the place shows `Shown`: a text that came there since is the form's own.
+struct TextNumber {
+    std::string Number;
+    std::string Shown;
+};
+
 /// A key as a person pressed it.
 struct KeyPress {
     std::string Name;  ///< "Enter", "Escape", "Tab", "Space", "Delete", ... or a character
@@ -75,9 +82,10 @@ public:
     void Tag(std::string tag) { Set(tag_, std::move(tag)); }
     const std::string& Caption() const noexcept { return caption_; }
     void Caption(std::string caption) { Set(caption_, std::move(caption)); }
-    /// Holds a string number until the language is applied, then the text.
+    /// Holds a string number until a language is applied, then the text.
     const std::string& ToolTipText() const noexcept { return toolTipText_; }
     void ToolTipText(std::string text) { Set(toolTipText_, std::move(text)); }
+    TextNumber ToolTipNumber;  ///< kept for another language
     bool Visible() const noexcept { return visible_; }
     void Visible(bool visible) { Set(visible_, visible); }
     bool Enabled() const noexcept { return enabled_; }

@@ -98,13 +98,24 @@ void PassOver(const Setting& setting) {
     }
 }
 
+/// The same for a place that holds its number until the text stands there; the number is kept beside it.
+std::optional<std::string> TextOf(const std::string& place, controls::TextNumber& kept,
+                                  std::int16_t Sprache) {
+    const bool stands = !kept.Number.empty() && kept.Shown == place;
+    auto number = stands ? kept.Number : place;
+    auto text = TextOf(number, Sprache);
+    if (text) kept = {std::move(number), *text};
+    return text;
+}
+
 void SetTexts(Control& control, bool caption, bool toolTip, std::int16_t Sprache) {
     PassOver([&] {
         if (auto text = caption ? TextOf(control.Tag(), Sprache) : std::nullopt)
             control.Caption(*std::move(text));
     });
     PassOver([&] {
-        if (auto text = toolTip ? TextOf(control.ToolTipText(), Sprache) : std::nullopt)
+        if (auto text =
+                toolTip ? TextOf(control.ToolTipText(), control.ToolTipNumber, Sprache) : std::nullopt)
             control.ToolTipText(*std::move(text));
     });
 }
@@ -113,9 +124,11 @@ void SetTabs(controls::TabControl& tabs, std::int16_t Sprache) {
     auto pages = tabs.Tabs();
     for (auto& page : pages) {
         const bool strip = tabs.Kind() == Kind::TabStrip;
-        if (auto text = TextOf(strip ? page.Tag : page.Caption, Sprache)) page.Caption = *std::move(text);
+        if (auto text = strip ? TextOf(page.Tag, Sprache) : TextOf(page.Caption, page.CaptionNumber, Sprache))
+            page.Caption = *std::move(text);
         if (!strip) continue;
-        if (auto text = TextOf(page.ToolTipText, Sprache)) page.ToolTipText = *std::move(text);
+        if (auto text = TextOf(page.ToolTipText, page.ToolTipNumber, Sprache))
+            page.ToolTipText = *std::move(text);
     }
     for (std::size_t i = 0; i < pages.size(); ++i) tabs.Tab(static_cast<int>(i), std::move(pages[i]));
 }

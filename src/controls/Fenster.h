@@ -27,8 +27,9 @@ bool SetMenuegruppe(controls::Form& form, const std::string& Menuegruppe, const 
 
 /// Puts the texts of the language on a window and its controls: string number + `Sprache`, a base below 10000
 /// being German. The caption's number is the tag; the tooltip and the captions of an `SSTab` hold theirs
-/// until it is replaced by its text, so they keep the first language that is applied. Controls with the tag
-/// "0" are passed over, and what has no number or no text keeps what it shows.
+/// until the text stands there, and it is kept beside the text, so that a later call puts another language on
+/// all of them. Controls with the tag "0" are passed over, and what has no number or no text keeps what it
+/// shows.
 void SetControlCaptions(controls::Form& form, std::int16_t Sprache);
 
 /// Selects the whole text of a text box or combo; other kinds are passed over.

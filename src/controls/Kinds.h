@@ -142,9 +142,10 @@ private:
 /// A tab of a tab control.
 struct TabPage {
     std::string Tag = "0";  ///< string number, in a `TabStrip`
-    std::string Caption;    ///< in an `SSTab` it holds the string number until the language is applied
+    std::string Caption;    ///< in an `SSTab` it holds the string number until a language is applied
     std::string ToolTipText;
     bool Enabled = true;
+    TextNumber CaptionNumber = {}, ToolTipNumber = {};  ///< kept for another language
 };
 
 /// `TabStrip` and `SSTab`: tabs from 0, each with an enabled state of its own.

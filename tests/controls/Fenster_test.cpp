@@ -86,12 +86,58 @@ TEST_F(Captions, KeepWhatHasNoNumberOrNoText) {
     EXPECT_EQ(button.ToolTipText(), "Öffnen");
 }
 
-TEST_F(Captions, ChangeTheLanguageOfCaptionsAndNotOfToolTips) {
+TEST_F(Captions, ChangeTheLanguageOfAllThatHasANumber) {
     auto& button = Numbered<CommandButton>("cmd");
+    auto& strip = form->Add<TabControl>("tab", Kind::TabStrip);
+    auto& sheet = form->Add<TabControl>("SSTab", Kind::SSTab);
+    for (auto* tabs : {&strip, &sheet}) {
+        tabs->Tag("1");
+        tabs->Tabs({{"2005", "2006", "2006"}});
+    }
+    auto& list = form->Add<ListView>("lvw");
+    list.Tag("1");
+    list.ColumnHeaders({{"2005", "a"}});
+    const auto expect = [&](const char* neu, const char* aendern) {
+        EXPECT_EQ(button.Caption(), neu);
+        EXPECT_EQ(button.ToolTipText(), aendern);
+        EXPECT_EQ(strip.Tabs()[0].Caption, neu);
+        EXPECT_EQ(strip.Tabs()[0].ToolTipText, aendern);
+        EXPECT_EQ(sheet.Tabs()[0].Caption, aendern);
+        EXPECT_EQ(list.ColumnHeaders()[0].Text, neu);
+    };
+    Allgemein::SetControlCaptions(*form, german);
+    expect("Neu", "Ändern");
+    Allgemein::SetControlCaptions(*form, english);
+    expect("New", "Change");
+    Allgemein::SetControlCaptions(*form, german);
+    expect("Neu", "Ändern");
+}
+
+TEST_F(Captions, LeaveATextOfTheFormsOwnInPlaceOfANumberAlone) {
+    auto& button = Numbered<CommandButton>("cmd");
+    auto& sheet = form->Add<TabControl>("SSTab", Kind::SSTab);
+    sheet.Tag("1");
+    sheet.Tabs({{"0", "2006", ""}});
+    Allgemein::SetControlCaptions(*form, german);
+    button.ToolTipText("Öffnen");
+    auto page = sheet.Tabs()[0];
+    page.Caption = "Übersicht";
+    sheet.Tab(0, page);
+    Allgemein::SetControlCaptions(*form, english);
+    EXPECT_EQ(button.ToolTipText(), "Öffnen");
+    EXPECT_EQ(sheet.Tabs()[0].Caption, "Übersicht");
+    button.ToolTipText("2005");
+    Allgemein::SetControlCaptions(*form, english);
+    EXPECT_EQ(button.ToolTipText(), "New");
+}
+
+TEST_F(Captions, KeepANumberThatHasNoTextInOneOfTheLanguages) {
+    auto& button = Numbered<CommandButton>("cmd");
+    button.ToolTipText("2013");  // "Excel-Import", in German alone
     Allgemein::SetControlCaptions(*form, german);
     Allgemein::SetControlCaptions(*form, english);
-    EXPECT_EQ(button.Caption(), "New");
-    EXPECT_EQ(button.ToolTipText(), "Ändern");  // its number is gone
+    EXPECT_EQ(button.ToolTipText(), "Excel-Import");
+    EXPECT_EQ(button.ToolTipNumber.Number, "2013");
 }
 
 TEST_F(Captions, TakeABaseThatIsTooLowForGerman) {
