@@ -2,10 +2,11 @@
 
 namespace FX_Algen::controls {
 
-/// Whether a handler of a form runs on the calling thread, or a box of a form is open.
+/// Whether a handler of a form or an operation of a host runs on the calling thread, or a box of a form is
+/// open.
 bool HandlerRuns() noexcept;
 
-/// A handler runs while one lives.
+/// No form of the thread takes input while one lives.
 class HandlerTurn {
 public:
     HandlerTurn();

@@ -3,7 +3,6 @@
 #include <string>
 
 #include "FX_Algen/Error.h"
-#include "controls/Input.h"
 #include "controls/OpenForms.h"
 
 namespace FX_Algen::host {
@@ -16,7 +15,6 @@ void ThrowNamed(std::string_view operation, const Error& error) {
 }
 
 void LeaveRows() {
-    if (controls::Input::Busy()) return;
     auto& forms = controls::OpenForms();
     if (!forms.All().empty()) forms.SaveRows();
 }

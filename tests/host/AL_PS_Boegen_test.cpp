@@ -480,5 +480,43 @@ TEST_F(Boegen, AShowFromWithinABoxOfTheSheetLeavesItAsItIs) {
     SetDisplay(display);
 }
 
+/// Has a person reach for the sheet behind each box and each progress form, as a toolkit would let them.
+class Dahinter : public controls::RecordingDisplay {
+public:
+    store::Answer Box(std::string_view title, std::string_view text, store::Buttons buttons,
+                      store::Symbol symbol) override {
+        Greifen();
+        return RecordingDisplay::Box(title, text, buttons, symbol);
+    }
+    void ProgressDraw(std::int16_t percent, std::string_view text) override {
+        Greifen();
+        RecordingDisplay::ProgressDraw(percent, text);
+    }
+    int Versuche = 0, Genommen = 0;
+
+private:
+    void Greifen() {
+        const auto bogen = controls::OpenForms().Find<frmProbenstelleSeston>();
+        ++Versuche;
+        if (Input(*bogen).EditCell(bogen->vsfgAlgenArt, 1, 5, "7")) ++Genommen;
+    }
+};
+
+TEST_F(Boegen, NoFormTakesInputBehindABoxOfAnOperation) {
+    ps.TeilraumID(9);
+    ps.ProbenstelleSeston_Show();
+    const auto dahinter = std::make_shared<Dahinter>();
+    SetDisplay(dahinter);
+    ps.DebugModus(true);
+    ps.Berechnung_InitSeston();
+    ps.Berechnung_ExecuteSeston();
+    EXPECT_GT(dahinter->Versuche, 0);
+    EXPECT_EQ(dahinter->Genommen, 0);
+    EXPECT_EQ(Abundanz(), 5);
+    // After them it does.
+    SetDisplay(display);
+    Tippen("7");
+}
+
 }  // namespace
 }  // namespace FX_Algen
