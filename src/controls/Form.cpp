@@ -54,9 +54,11 @@ void Form::Show(std::int32_t hostWindow) {
     if (observer_ != nullptr) observer_->FormChanged();
 }
 
-void Form::Hide() {
-    if (!std::exchange(visible_, false)) return;
-    if (observer_ != nullptr) observer_->FormChanged();
+bool Form::Hide() {
+    if (!visible_) return true;
+    if (!SaveRows()) return false;
+    if (std::exchange(visible_, false) && observer_ != nullptr) observer_->FormChanged();
+    return true;
 }
 
 bool Form::Close(Ending how) {
@@ -91,8 +93,9 @@ bool Form::Close(Ending how) {
 }
 
 bool Form::SaveOrAsk() {
-    return SaveRows() || Box(Text(AskCloseUnsaved), store::Buttons::YesNo, store::Symbol::Exclamation) ==
-                             store::Answer::Yes;
+    const bool saved = SaveRows();
+    return (saved && !HasChanges()) || Box(Text(AskCloseUnsaved), store::Buttons::YesNo,
+                                           store::Symbol::Exclamation) == store::Answer::Yes;
 }
 
 // -- focus
@@ -138,11 +141,18 @@ bool Form::SaveRows() {
         saved = Left(*this,
                      [source] {
                          source->LeaveRow();
-                         return !source->Changed();  // in the edit state the row is not written
+                         return true;
                      }) &&
                 saved;
     }
     return saved;
+}
+
+bool Form::HasChanges() const {
+    return std::any_of(controls_.begin(), controls_.end(), [](const auto& control) {
+        const auto* source = dynamic_cast<const DataSource*>(control.get());
+        return source != nullptr && source->Changed();
+    });
 }
 
 void Form::Failure(const Error& error) {

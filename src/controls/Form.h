@@ -32,7 +32,7 @@ public:
 
 /// How a form ends.
 enum class Ending : std::uint8_t {
-    Ask,  ///< where a row can't be saved, a person is asked whether to go on without it; No keeps the form
+    Ask,  ///< where something would be lost, a person is asked whether to go on without it; No keeps the form
     Discard,  ///< goes without saving: cancel of a dialog
 };
 
@@ -77,7 +77,9 @@ public:
     void Parent(const std::shared_ptr<Form>& parent) { parent_ = parent; }
     /// Shows it as a child of its parent form or, without one, of the window with the number `hostWindow`.
     void Show(std::int32_t hostWindow = 0);
-    void Hide();
+    /// Takes it from the screen; it stays open. Its rows are left first, as where it goes behind another
+    /// window: false where one of them failed, and then it stays in sight.
+    bool Hide();
     /// Saves, closes the children, and ends the form. False where it stays open. Children are asked each,
     /// also where this form discards: what was typed there is another matter.
     bool Close(Ending how = Ending::Ask);
@@ -93,10 +95,13 @@ public:
     /// The handle of the database that the form works on; none where it uses none. Before a host closes that
     /// database the form is asked to save and end.
     virtual std::shared_ptr<store::Database> WorksOn() const { return nullptr; }
-    /// Leaves all rows: open edits, rows of grids, rows of data sources. True where nothing is left unsaved.
-    /// Failures are shown by `Failure`. Deactivating the window, commands and operations that a host starts
-    /// call this.
+    /// Leaves all rows: open edits, rows of grids, rows of data sources. False where one of them could not be
+    /// left, and why was shown then. Deactivating the window, commands and operations that a host starts call
+    /// this. What was changed in an edit state is kept for its own buttons and hinders nobody.
     virtual bool SaveRows();
+    /// Whether the end of the form would lose something: rows that could not be saved, changes in an edit
+    /// state.
+    virtual bool HasChanges() const;
     /// The common handler: a box titled with the caption, or "basDrucker:" and the form's name where it has
     /// none; text = number, " - ", description.
     void Failure(const Error& error);

@@ -33,9 +33,8 @@ public:
     }
     /// The children of a form.
     std::vector<std::shared_ptr<Form>> ChildrenOf(const Form& form) const;
-    /// Has all forms leave their rows: what an operation that a host starts does first. False where something
-    /// is left unsaved: a row that failed, which was shown then, or one in the edit state. The others save
-    /// all the same.
+    /// Has all forms leave their rows: what an operation that a host starts does first. False where a row
+    /// failed, which was shown then; the others save all the same.
     bool SaveRows();
 
 private:

@@ -147,6 +147,28 @@ TEST_F(BoundForm, AsksBeforeItClosesInTheEditState) {
     EXPECT_EQ(probe_.Wert(gesamt), Value(50.0F));
 }
 
+TEST_F(BoundForm, IsHinderedByNothingInTheEditState) {
+    form_->datTeilraum.Edit();
+    EXPECT_TRUE(person_.SetText(form_->txtGesamt, "50"));
+    EXPECT_TRUE(form_->HasChanges());
+    EXPECT_TRUE(person_.Deactivate());
+    EXPECT_TRUE(form_->SaveRows());
+    EXPECT_TRUE(OpenForms().SaveRows());
+    EXPECT_EQ(form_->txtGesamt.Text(), "50");
+    EXPECT_EQ(probe_.Wert(gesamt), Value(12.5F));
+    EXPECT_TRUE(boxes_->TakeShown().empty());
+    form_->datTeilraum.Update();
+    EXPECT_FALSE(form_->HasChanges());
+    EXPECT_EQ(probe_.Wert(gesamt), Value(50.0F));
+}
+
+TEST_F(BoundForm, ClosesInTheEditStateWithoutAskingWhereNothingWasChanged) {
+    form_->datTeilraum.Edit();
+    EXPECT_TRUE(person_.Close());
+    EXPECT_FALSE(form_->IsOpen());
+    EXPECT_TRUE(boxes_->TakeShown().empty());
+}
+
 TEST_F(BoundForm, CancelsWithoutWriting) {
     form_->cmdAbbrechen.OnClick = [&] { form_->datTeilraum.CancelUpdate(); };
     EXPECT_TRUE(person_.SetText(form_->txtGesamt, "viel"));

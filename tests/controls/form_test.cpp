@@ -251,6 +251,22 @@ TEST_F(SaveRows, HappensWhenAnotherWindowComesToTheFront) {
     EXPECT_TRUE(form->Visible());
 }
 
+TEST_F(SaveRows, HappensBeforeTheFormIsHidden) {
+    auto& grid = AddGrid("vsfgAlgenArt");
+    EXPECT_TRUE(form->Hide());
+    EXPECT_FALSE(form->Visible());
+    EXPECT_TRUE(form->IsOpen());
+    EXPECT_THAT(Logged(), ElementsAre("vsfgAlgenArt leaves 1"));
+    EXPECT_TRUE(form->Hide());
+    EXPECT_THAT(Logged(), IsEmpty());
+    // What could not be saved stays in sight.
+    form->Show();
+    grid.OnBeforeRowLeave = [](int) -> bool { throw Error(3343, "Platte voll"); };
+    EXPECT_FALSE(form->Hide());
+    EXPECT_TRUE(form->Visible());
+    EXPECT_THAT(Shown(), ElementsAre("basDrucker:frmÜbung|3343 - Platte voll"));
+}
+
 // -- open forms
 
 TEST(OpenForms, HoldEachTypeOnceInTheOrderOfLoading) {
