@@ -2,10 +2,16 @@
 
 #include "controls/InputSteps.h"
 #include "controls/Running.h"
+#include "controls/Utf8.h"
 
 namespace FX_Algen::controls {
 
 bool Input::Busy() noexcept { return HandlerRuns(); }
+
+/// Broken text would stand in the store for good, and no one could read it there.
+Taken Input::Readable(std::string_view text) {
+    return IsUtf8(text) ? Taken{} : Steps::No("The text is not well-formed UTF-8.");
+}
 
 template <class Action>
 Taken Input::Do(Action action) {
@@ -51,6 +57,7 @@ Taken Input::DblClick(Control& control) {
 
 Taken Input::Type(Control& control, std::string_view text) {
     return Do([&](Steps& steps) {
+        if (auto no = Readable(text); !no) return no;
         const auto gone = steps.GoTo(control);
         return gone ? steps.TypeInto(control, text) : gone;
     });
@@ -60,6 +67,7 @@ Taken Input::SetText(Control& control, std::string_view text) {
     return Do([&](Steps& steps) {
         auto* box = dynamic_cast<TextBox*>(&control);
         if (box == nullptr) return Steps::No(Steps::Named(control) + " holds no text.");
+        if (auto no = Readable(text); !no) return no;
         const auto gone = steps.GoTo(control);
         return gone ? steps.Write(*box, text, true) : gone;
     });
@@ -102,6 +110,7 @@ Taken Input::SelectCell(Grid& grid, int row, int col) {
 
 Taken Input::EditCell(Grid& grid, int row, int col, std::string_view text) {
     return Do([&](Steps& steps) {
+        if (auto no = Readable(text); !no) return no;
         auto done = steps.GoTo(grid);
         if (done) done = steps.SelectCell(grid, row, col);
         if (!done) return done;
@@ -130,7 +139,10 @@ Taken Input::CheckCell(Grid& grid, int row, int col, bool value) {
 }
 
 Taken Input::Key(const KeyPress& key) {
-    return Do([&](Steps& steps) { return steps.Key(key); });
+    return Do([&](Steps& steps) {
+        auto readable = Readable(key.Name);
+        return readable ? steps.Key(key) : readable;
+    });
 }
 
 Taken Input::ShowTab(TabControl& control, int index) {

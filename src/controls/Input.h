@@ -32,6 +32,7 @@ struct Taken {
 ///   does, and the focus stays;
 /// - a control that was hidden or disabled meanwhile cannot keep the focus: its rows are left, it is not
 ///   validated;
+/// - a text that is not well-formed UTF-8 is not taken;
 /// - failures of the store end in the form's common handler, and the action counts as taken;
 /// - the form lives until the action is done, even where it closes.
 class Input {
@@ -75,6 +76,7 @@ public:
 
 private:
     class Steps;
+    static Taken Readable(std::string_view text);
     template <class Action>
     Taken Do(Action action);
 

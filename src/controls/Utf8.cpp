@@ -1,6 +1,9 @@
 #include "controls/Utf8.h"
 
+#include <unicode/utf8.h>
+
 #include <algorithm>
+#include <cstdint>
 
 namespace FX_Algen::controls {
 
@@ -11,6 +14,16 @@ namespace {
 bool Begins(char byte) noexcept { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }
 
 }  // namespace
+
+bool IsUtf8(std::string_view text) noexcept {
+    const auto length = static_cast<std::int64_t>(text.size());
+    for (std::int64_t at = 0; at < length;) {
+        UChar32 character = 0;
+        U8_NEXT(text.data(), at, length, character);
+        if (character < 0) return false;
+    }
+    return true;
+}
 
 int CountCharacters(std::string_view text) noexcept {
     return static_cast<int>(std::count_if(text.begin(), text.end(), Begins));
