@@ -118,6 +118,8 @@ public:
     Observer* Watching() const noexcept { return observer_; }
 
 protected:
+    /// After its window came to the front.
+    virtual void OnActivate() {}
     /// Before the form ends, after it saved and its children closed.
     virtual void OnUnload() {}
     friend class Input;

@@ -183,7 +183,10 @@ Taken Input::Scroll(Control& control, int position) {
 }
 
 Taken Input::Activate() {
-    return Do([](Steps&) { return Taken{}; });
+    return Do([this](Steps&) {
+        form_.OnActivate();
+        return Taken{};
+    });
 }
 
 Taken Input::Deactivate() {

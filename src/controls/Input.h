@@ -66,6 +66,7 @@ public:
     Taken ShowTab(TabControl& control, int index);
     Taken PressToolbar(Toolbar& toolbar, int position);
     Taken Scroll(Control& control, int position);
+    /// Its window comes to the front: `Form::OnActivate`.
     Taken Activate();
     /// Another window comes to the front: the rows are left.
     Taken Deactivate();
