@@ -186,7 +186,9 @@ bool Grid::Toggle(int row, int col) {
     At(row, col);
     if (ColKind(col) != CellKind::Check || ending_) return false;
     if (!GoTo(row, col) || !MayOpen(row, col)) return false;
-    if (!Has(row, col)) return false;
+    // The handler may have moved the cursor, or built the grid anew.
+    if (edit_ || row_ != row || col_ != col || !Has(row, col) || ColKind(col) != CellKind::Check)
+        return false;
     const bool on = !Checked(row, col);
     edit_ = OpenCell{row, col, on ? checkedText : clearText};
     bool accepted = false;
@@ -197,7 +199,9 @@ bool Grid::Toggle(int row, int col) {
         edit_.reset();
         throw;
     }
+    // The handler may have taken the cell away, or rows above it.
     if (!edit_) return false;
+    row = edit_->Row;
     edit_.reset();
     if (!accepted) return false;
     Checked(row, col, on);

@@ -112,7 +112,7 @@ Taken Input::EditCell(Grid& grid, int row, int col, std::string_view text) {
     return Do([&](Steps& steps) {
         if (auto no = Readable(text); !no) return no;
         auto done = steps.GoTo(grid);
-        if (done) done = steps.SelectCell(grid, row, col);
+        if (done) done = steps.StandInCell(grid, row, col);
         if (!done) return done;
         if (grid.ColKind(col) == CellKind::Check)
             return Steps::No(Steps::Named(grid) + " has a check mark in column " + std::to_string(col) + ".");
@@ -126,7 +126,7 @@ Taken Input::EditCell(Grid& grid, int row, int col, std::string_view text) {
 Taken Input::CheckCell(Grid& grid, int row, int col, bool value) {
     return Do([&](Steps& steps) {
         auto done = steps.GoTo(grid);
-        if (done) done = steps.SelectCell(grid, row, col);
+        if (done) done = steps.StandInCell(grid, row, col);
         if (!done) return done;
         if (grid.ColKind(col) != CellKind::Check)
             return Steps::No(Steps::Named(grid) + " has no check mark in column " + std::to_string(col) +

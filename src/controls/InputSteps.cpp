@@ -160,13 +160,19 @@ Taken Input::Steps::SelectCell(Grid& grid, int row, int col) {
     return Reach(grid);
 }
 
+Taken Input::Steps::StandInCell(Grid& grid, int row, int col) {
+    if (auto gone = SelectCell(grid, row, col); !gone) return gone;
+    if (grid.Row() == row && grid.Col() == col) return Stands(grid, row, col);
+    return No(Named(grid) + " sent its cursor on to another cell.");
+}
+
 Taken Input::Steps::ClickCell(Grid& grid, int row, int col, bool twice) {
     if (auto stands = Stands(grid, row, col); !stands) return stands;
     const bool fixed = row < grid.FixedRows() || col < grid.FixedCols();
     if (fixed) {
         // A click on a head may sort or rebuild the rows.
         if (!grid.LeaveRow()) return No(Named(grid) + " keeps its row.");
-    } else if (auto gone = SelectCell(grid, row, col); !gone) {
+    } else if (auto gone = StandInCell(grid, row, col); !gone) {
         return gone;
     }
     const bool opens = !fixed && grid.Editable() != Editing::None;

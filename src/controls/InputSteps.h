@@ -38,6 +38,8 @@ public:
     Taken TypeIntoCell(Grid& grid, std::string_view text);
     Taken TypeCharacter(Grid& grid, std::string_view character);
     Taken SelectCell(Grid& grid, int row, int col);
+    /// The same for what is then done to that very cell: not taken where a handler sent the cursor on.
+    Taken StandInCell(Grid& grid, int row, int col);
     Taken ClickCell(Grid& grid, int row, int col, bool twice);
     Taken OpenCell(Grid& grid);
     Taken EndEdit(Grid& grid);

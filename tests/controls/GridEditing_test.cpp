@@ -308,6 +308,37 @@ TEST_F(GridTest, FlipsACheckCellThroughTheEventsOfAnEdit) {
                             "before 3,4", "validate 0 checked", "source 3,4 '3.4'", "after clear"}));
 }
 
+TEST_F(GridTest, FlipsTheRowThatWasMeantWhereAHandlerRemovesOneAboveIt) {
+    grid.ColKind(4, CellKind::Check);
+    grid.OnValidateEdit = [&](int, int, const std::string&) {
+        grid.RemoveRow(2);
+        return true;
+    };
+    std::vector<int> after;
+    grid.OnAfterEdit = [&](int row, int) { after.push_back(row); };
+    EXPECT_TRUE(grid.Toggle(3, 4));
+    EXPECT_EQ(grid.Text(2, 1), "3.1");
+    EXPECT_TRUE(grid.Checked(2, 4));
+    EXPECT_FALSE(grid.Checked(3, 4));
+    EXPECT_EQ(after, std::vector{2});
+}
+
+TEST_F(GridTest, FlipsNothingWhereAHandlerTakesTheCellAwayBefore) {
+    grid.ColKind(4, CellKind::Check);
+    const std::vector<std::function<void()>> ways{[&] { grid.RemoveRow(2); }, [&] { grid.Select(2, 4); },
+                                                  [&] { grid.ColKind(4, CellKind::Text); }};
+    for (const auto& way : ways) {
+        grid.Rows(5);
+        grid.ColKind(4, CellKind::Check);
+        grid.OnBeforeEdit = [&](int, int) {
+            way();
+            return true;
+        };
+        EXPECT_FALSE(grid.Toggle(3, 4));
+        for (int row = 0; row < grid.Rows(); ++row) EXPECT_FALSE(grid.Checked(row, 4)) << row;
+    }
+}
+
 TEST_F(GridTest, FlipsOnlyWhatMayBeFlipped) {
     grid.ColKind(4, CellKind::Check);
     EXPECT_FALSE(grid.Toggle(3, 3));  // no check cell

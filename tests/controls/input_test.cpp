@@ -86,6 +86,158 @@ TEST_F(InputTest, TheFormLivesUntilTheHandlerThatClosesItIsDone) {
     EXPECT_TRUE(watched.expired());
 }
 
+TEST_F(InputTest, AHandlerMayCloseTheFormsAroundItsOwn) {
+    struct Kind : Form {
+        Kind() : Form("frmKind") {}
+    };
+    auto child = OpenForms().Load<Kind>();
+    child->Parent(form);
+    child->Show();
+    auto& other = child->Add<CommandButton>("cmdAlles");
+    other.OnClick = [&] {
+        EXPECT_TRUE(form->Close());
+        Log("closed");
+    };
+    const std::weak_ptr<Form> watched = child;
+    Input inChild(*child);
+    child.reset();
+    EXPECT_TRUE(inChild.Click(other));
+    EXPECT_THAT(Logged(), ElementsAre("closed"));
+    EXPECT_TRUE(watched.expired());
+    EXPECT_THAT(OpenForms().All(), IsEmpty());
+}
+
+TEST_F(InputTest, AHandlerMayTakeTheRowsOfTheGridThatIsEdited) {
+    auto& grid = form->Add<Grid>("vsfg");
+    grid.Fixed(1, 0);
+    grid.Cols(2);
+    grid.ColKind(1, CellKind::Check);
+    grid.Editable(Editing::KeyboardAndMouse);
+    const auto take = [&] { grid.Rows(1); };
+    const std::vector<std::function<void()>> ways{
+        [&] {
+            grid.OnBeforeEdit = [&](int, int) {
+                take();
+                return true;
+            };
+        },
+        [&] {
+            grid.OnValidateEdit = [&](int, int, const std::string&) {
+                take();
+                return true;
+            };
+        },
+        [&] { grid.OnAfterEdit = [&](int, int) { take(); }; },
+        [&] {
+            grid.OnBeforeRowLeave = [&](int) {
+                take();
+                return true;
+            };
+        },
+        [&] { grid.OnRowColChange = take; },
+        [&] { grid.OnCellClick = [&](int, int) { take(); }; },
+        [&] { grid.OnCellDblClick = [&](int, int) { take(); }; },
+    };
+    const std::vector<std::function<void()>> deeds{
+        [&] { input.EditCell(grid, 3, 0, "Größe"); },
+        [&] { input.CheckCell(grid, 3, 1, true); },
+        [&] { input.ClickCell(grid, 3, 1); },
+        [&] { input.DblClickCell(grid, 3, 0); },
+        [&] { input.Type(grid, "Öl"); },
+        [&] { input.Enter(text); },
+        [&] { input.Key({"Enter"}); },
+        [&] { input.Deactivate(); },
+    };
+    for (const auto& way : ways)
+        for (const auto& deed : deeds) {
+            grid.OnBeforeEdit = nullptr;
+            grid.OnValidateEdit = nullptr;
+            grid.OnAfterEdit = grid.OnCellClick = grid.OnCellDblClick = nullptr;
+            grid.OnBeforeRowLeave = nullptr;
+            grid.OnRowColChange = nullptr;
+            grid.Rows(1);
+            grid.Rows(5);
+            input.Enter(grid);
+            grid.Select(2, 0);
+            grid.StartEdit();
+            grid.EditText("getippt");
+            way();
+            deed();
+            EXPECT_TRUE(grid.Row() < grid.Rows());
+            EXPECT_FALSE(Input::Busy());
+            grid.CancelEdit();
+        }
+    EXPECT_THAT(Shown(), IsEmpty());  // none of it fails
+}
+
+TEST_F(InputTest, WritesIntoNoOtherCellWhereAHandlerSendsTheCursorOn) {
+    auto& grid = form->Add<Grid>("vsfg");
+    grid.Fixed(1, 0);
+    grid.Cols(2);
+    grid.Rows(5);
+    grid.ColKind(1, CellKind::Check);
+    grid.Editable(Editing::KeyboardAndMouse);
+    grid.OnRowColChange = [&] {
+        if (grid.Row() == 3) grid.Select(4, grid.Col());
+    };
+    EXPECT_FALSE(input.EditCell(grid, 3, 0, "Größe"));
+    EXPECT_FALSE(input.CheckCell(grid, 3, 1, true));
+    EXPECT_FALSE(input.ClickCell(grid, 3, 1));
+    for (int row = 1; row < 5; ++row) {
+        EXPECT_EQ(grid.Text(row, 0), "") << row;
+        EXPECT_FALSE(grid.Checked(row, 1)) << row;
+    }
+    EXPECT_TRUE(input.SelectCell(grid, 3, 0));  // going there is all that was asked for
+    EXPECT_EQ(grid.Row(), 4);
+}
+
+TEST_F(InputTest, TakesNoTextThatIsNoUtf8) {
+    auto& grid = form->Add<Grid>("vsfg");
+    grid.Fixed(0, 0);
+    grid.Cols(1);
+    grid.Rows(1);
+    grid.Editable(Editing::KeyboardAndMouse);
+    // "Öl" in Latin-1; a character cut short; its rest alone; one written too long; half a surrogate.
+    for (const std::string broken : {"\xD6l", "\xC3", "\x96", "\xC0\xAF", "\xED\xA0\x80"}) {
+        for (const auto& taken :
+             {input.SetText(text, broken), input.Type(text, broken), input.Type(grid, broken),
+              input.EditCell(grid, 0, 0, broken), input.Key({broken})}) {
+            EXPECT_FALSE(taken);
+            EXPECT_THAT(taken.Reason, HasSubstr("UTF-8"));
+        }
+    }
+    EXPECT_EQ(text.Text(), "");
+    EXPECT_EQ(grid.Text(0, 0), "");
+    EXPECT_FALSE(grid.IsEditing());
+    EXPECT_TRUE(input.SetText(text, "Öl \xF0\x9F\x8C\x8A"));  // a wave
+}
+
+TEST_F(InputTest, TakesLongTexts) {
+    std::string much;
+    for (int i = 0; i < 100000; ++i) much += "ä";
+    EXPECT_TRUE(input.SetText(text, much));
+    EXPECT_EQ(text.Text(), much);
+    EXPECT_EQ(text.SelStart(), 100000);
+    EXPECT_TRUE(input.Key({"Backspace"}));
+    EXPECT_EQ(text.Text().size(), much.size() - 2);
+}
+
+TEST_F(InputTest, TellsTheFormThatItsWindowCameToTheFront) {
+    struct Suche : Form {
+        Suche() : Form("dlgSuche") {}
+        int Times = 0;
+
+    protected:
+        void OnActivate() override { ++Times; }
+    };
+    const auto dialog = OpenForms().Load<Suche>();
+    EXPECT_FALSE(Input(*dialog).Activate());  // it is not shown yet
+    dialog->Show();
+    EXPECT_TRUE(Input(*dialog).Activate());
+    EXPECT_EQ(dialog->Times, 1);
+    dialog->Close();
+}
+
 TEST_F(InputTest, ClosingAsksTheForm) {
     auto& grid = form->Add<Grid>("vsfg");
     grid.Cols(1);
