@@ -245,8 +245,7 @@ Taken Input::Steps::Scroll(Control& control, int position) {
     if (auto* list = dynamic_cast<ListBox*>(&control)) {
         if (position < 0 || position >= list->List().Count())
             return No(Named(control) + " has no entry " + std::to_string(position) + ".");
-        list->TopIndex = position;
-        list->Tell();
+        list->TopIndex(position);
         return {};
     }
     return No(Named(control) + " does not scroll.");

@@ -129,19 +129,30 @@ void TabControl::Current(int index) {
         while (inner != nullptr && inner != this) inner = inner->Container();
         if (inner == this) control->Tell();
     }
-    if (!OnTabChange) return;
+    if (!OnTabChange || changing_) return;
+    const Once once(changing_);
     const auto handler = OnTabChange;
     handler(previous);
 }
 
 // -- scroll bar
 
+void ScrollBar::Range(std::int32_t min, std::int32_t max) {
+    max = std::max(min, max);
+    if (min == min_ && max == max_) return;
+    min_ = min;
+    max_ = max;
+    Tell();
+    Value(value_);
+}
+
 void ScrollBar::Value(std::int32_t value) {
-    value = std::max(Min, std::min(value, Max));
+    value = std::clamp(value, min_, max_);
     if (value == value_) return;
     value_ = value;
     Tell();
-    if (!OnChange) return;
+    if (!OnChange || changing_) return;
+    const Once once(changing_);
     const auto handler = OnChange;
     handler();
 }

@@ -162,6 +162,7 @@ public:
 private:
     std::vector<TabPage> tabs_;
     int current_ = 0;
+    bool changing_ = false;
 };
 
 class PictureBox : public Control {
@@ -180,11 +181,16 @@ public:
     ScrollBar(Form& owner, std::string name) : Control(owner, Kind::ScrollBar, std::move(name)) {}
     std::int32_t Value() const noexcept { return value_; }
     void Value(std::int32_t value);  ///< kept between `Min` and `Max`
-    std::int32_t Min = 0, Max = 100;
-    std::function<void()> OnChange;
+    std::int32_t Min() const noexcept { return min_; }
+    std::int32_t Max() const noexcept { return max_; }
+    /// From 0 to 100 at first. The value follows into the new range; a maximum below the minimum is the
+    /// minimum.
+    void Range(std::int32_t min, std::int32_t max);
+    std::function<void()> OnChange;  ///< whoever changed the value
 
 private:
-    std::int32_t value_ = 0;
+    std::int32_t value_ = 0, min_ = 0, max_ = 100;
+    bool changing_ = false;
 };
 
 /// The view of a report. What it shows is the report's own; the control only stands for the place.

@@ -11,8 +11,8 @@ namespace FX_Algen::controls {
 namespace {
 
 /// Below -1 and past the end there is nothing to choose.
-void CheckIndex(const Control& control, const Entries& list, int index) {
-    if (index >= -1 && index < list.Count()) return;
+void CheckIndex(const Control& control, int count, int index) {
+    if (index >= -1 && index < count) return;
     throw Error(ErrorNumber::IndexOutOfRange, std::string(KindName(control.Kind())) + " \"" + control.Name() +
                                                   "\" has no entry " + std::to_string(index) + ".");
 }
@@ -45,7 +45,7 @@ std::optional<int> Entries::FindBeginning(std::string_view text) const {
 // -- combo
 
 void ComboBox::ListIndex(int index) {
-    CheckIndex(*this, list_, index);
+    CheckIndex(*this, list_.Count(), index);
     if (PutIndex(index) && index >= 0) Clicked();
 }
 
@@ -91,7 +91,7 @@ void ComboBox::TextFollowed() {
 // -- list box
 
 void ListBox::ListIndex(int index) {
-    CheckIndex(*this, list_, index);
+    CheckIndex(*this, list_.Count(), index);
     if (PutIndex(index) && index >= 0) Clicked();
 }
 
@@ -106,6 +106,11 @@ std::string ListBox::Text() const { return index_ < 0 ? std::string() : list_.At
 
 void ListBox::Text(std::string_view text) { ListIndex(list_.Find(text).value_or(-1)); }
 
+void ListBox::TopIndex(int index) {
+    if (index != 0) list_.At(index);
+    Set(topIndex_, index);
+}
+
 void ListBox::AddItem(std::string entry) {
     list_.entries_.push_back(std::move(entry));
     Tell();
@@ -114,7 +119,7 @@ void ListBox::AddItem(std::string entry) {
 void ListBox::Items(std::vector<std::string> entries) {
     list_.entries_ = std::move(entries);
     index_ = -1;
-    TopIndex = 0;
+    topIndex_ = 0;
     Tell();
 }
 
@@ -125,6 +130,11 @@ void ListBox::Clear() { Items({}); }
 void ListView::ColumnHeaders(std::vector<ColumnHeader> heads) {
     heads_ = std::move(heads);
     Tell();
+}
+
+void ListView::Index(int index) {
+    CheckIndex(*this, static_cast<int>(rows_.size()), index);
+    Set(index_, index);
 }
 
 void ListView::Rows(std::vector<std::vector<std::string>> rows) {

@@ -76,14 +76,16 @@ public:
     void AddItem(std::string entry);
     void Items(std::vector<std::string> entries);
     void Clear();
-    int TopIndex = 0;  ///< the first entry in view
+    /// The first entry in view; 381 past the end.
+    int TopIndex() const noexcept { return topIndex_; }
+    void TopIndex(int index);
 
 private:
     friend class Input;
     bool PutIndex(int index);
 
     Entries list_;
-    int index_ = -1;
+    int index_ = -1, topIndex_ = 0;
 };
 
 /// A list with heads, each with a tag of its own.
@@ -100,7 +102,7 @@ public:
     const std::vector<std::vector<std::string>>& Rows() const noexcept { return rows_; }
     void Rows(std::vector<std::vector<std::string>> rows);
     int Index() const noexcept { return index_; }
-    void Index(int index) { Set(index_, index); }
+    void Index(int index);  ///< -1 chooses none; 381 past the end
 
 private:
     std::vector<ColumnHeader> heads_;

@@ -27,7 +27,7 @@ public:
         tabSeiten.Tabs({{"0", "Güte", "Saprobie und Trophie", true}, {"0", "Bilder", "", false}});
         tbrLeiste.Buttons(
             {{"neu", "Neu", false, true}, {"", "", true, true}, {"weg", "Löschen", false, false}});
-        scrBild.Max = 7;
+        scrBild.Range(0, 7);
         vsfg.Cols(3);
         vsfg.Rows(4);
         vsfg.Fixed(1, 0);

@@ -388,7 +388,7 @@ TEST_F(InputTest, Scrolls) {
     EXPECT_TRUE(input.Scroll(bar, 500));
     EXPECT_EQ(bar.Value(), 100);
     EXPECT_TRUE(input.Scroll(list, 2));
-    EXPECT_EQ(list.TopIndex, 2);
+    EXPECT_EQ(list.TopIndex(), 2);
     EXPECT_FALSE(input.Scroll(list, 3));
     EXPECT_FALSE(input.Scroll(text, 1));
     EXPECT_EQ(form->Focus(), &bar);

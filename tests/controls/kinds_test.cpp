@@ -209,14 +209,51 @@ TEST_F(Kinds, FewerTabsBringTheFirstToTheFront) {
 
 TEST_F(Kinds, AScrollBarKeepsWithinItsEnds) {
     auto& bar = form->Add<ScrollBar>("vsb");
-    bar.Min = 10;
-    bar.Max = 20;
+    bar.Range(10, 20);
     bar.OnChange = [&] { Log(std::to_string(bar.Value())); };
     bar.Value(15);
     bar.Value(25);
     bar.Value(99);
     bar.Value(3);
     EXPECT_THAT(Logged(), ElementsAre("15", "20", "10"));
+}
+
+TEST_F(Kinds, AScrollBarFollowsIntoANewRangeAndTellsOfIt) {
+    auto& bar = form->Add<ScrollBar>("vsb");
+    EXPECT_EQ(bar.Min(), 0);
+    EXPECT_EQ(bar.Max(), 100);
+    bar.Value(50);
+    ear.Heard();
+    bar.Range(0, 90);
+    EXPECT_THAT(ear.Heard(), ElementsAre("vsb"));
+    bar.Range(0, 90);
+    EXPECT_THAT(ear.Heard(), testing::IsEmpty());
+    EXPECT_EQ(bar.Value(), 50);
+    bar.Range(0, 30);
+    EXPECT_EQ(bar.Value(), 30);
+    bar.Range(60, 40);
+    EXPECT_EQ(bar.Max(), 60);
+    EXPECT_EQ(bar.Value(), 60);
+}
+
+TEST_F(Kinds, WhatAHandlerOfTabsOrScrollBarsChangesInThemDoesNotCallItAgain) {
+    auto& tabs = form->Add<TabControl>("tab", Kind::SSTab);
+    tabs.Tabs({{}, {}, {}});
+    tabs.OnTabChange = [&](int previous) {
+        Log("tab " + std::to_string(previous));
+        tabs.Current(previous);
+    };
+    tabs.Current(2);
+    EXPECT_EQ(tabs.Current(), 0);
+    auto& bar = form->Add<ScrollBar>("vsb");
+    bar.OnChange = [&] {
+        Log("bar " + std::to_string(bar.Value()));
+        bar.Value(bar.Value() + 1);
+    };
+    bar.Value(7);
+    EXPECT_EQ(bar.Value(), 8);
+    tabs.Current(1);
+    EXPECT_THAT(Logged(), ElementsAre("tab 0", "bar 7", "tab 0"));
 }
 
 TEST(Kind, EachHasItsWord) {

@@ -176,10 +176,10 @@ TEST_F(List, ChoosesByPositionAndByText) {
 
 TEST_F(List, NewEntriesChooseNone) {
     list.ListIndex(2);
-    list.TopIndex = 2;
+    list.TopIndex(2);
     list.Items({"Rhön"});
     EXPECT_EQ(list.ListIndex(), -1);
-    EXPECT_EQ(list.TopIndex, 0);
+    EXPECT_EQ(list.TopIndex(), 0);
     list.AddItem("Eß");
     EXPECT_EQ(list.List().Count(), 2);
     list.Clear();
@@ -194,6 +194,20 @@ TEST_F(List, OfRowsKeepsTheChosenOneOnlyWhileItIsThere) {
     EXPECT_EQ(view.Index(), 1);
     view.Rows({{"e"}});
     EXPECT_EQ(view.Index(), -1);
+    view.Index(0);
+    EXPECT_THROW(view.Index(1), Error);
+    EXPECT_THROW(view.Index(-2), Error);
+    EXPECT_EQ(view.Index(), 0);
+}
+
+TEST_F(List, ScrollsToAnEntryThatItHas) {
+    list.TopIndex(2);
+    EXPECT_THROW(list.TopIndex(3), Error);
+    EXPECT_THROW(list.TopIndex(-1), Error);
+    EXPECT_EQ(list.TopIndex(), 2);
+    list.Clear();
+    list.TopIndex(0);
+    EXPECT_EQ(list.TopIndex(), 0);
 }
 
 }  // namespace
