@@ -26,14 +26,6 @@ private:
 
 namespace {
 
-void SetText(TextBox& control, const std::string& text) {
-    // A combo chooses the entry along with the text.
-    if (auto* combo = dynamic_cast<ComboBox*>(&control))
-        combo->Text(text);
-    else
-        control.Text(text);
-}
-
 bool IsTrue(const store::Value& value) { return !value.IsNull() && value.Bool(); }
 
 void GoTo(store::Recordset& rows, int position) {
@@ -320,7 +312,7 @@ void DataSource::ShowFields() {
         bound.Typed = false;
     }
     for (const auto& bound : texts_)
-        if (bound.Control->Text() != bound.Shown) SetText(*bound.Control, bound.Shown);
+        if (bound.Control->Text() != bound.Shown) bound.Control->Text(bound.Shown);
     for (const auto& bound : checks_)
         if (bound.Control->Value() != bound.Shown) bound.Control->Value(bound.Shown);
 }

@@ -161,11 +161,19 @@ std::vector<std::string> CloseForms(const store::DatabasePtr& database) {
     return left;
 }
 
+namespace {
+
+/// The children first: their parent would have them save.
+void Discard(controls::Form& form) {
+    for (const auto& child : controls::OpenForms().ChildrenOf(form)) Discard(*child);
+    form.Close(controls::Ending::Discard);
+}
+
+}  // namespace
+
 void DiscardForms() {
     const auto open = controls::OpenForms().All();
-    // The children before their parents, so that no parent has them save.
-    for (auto form = open.rbegin(); form != open.rend(); ++form)
-        if ((*form)->IsOpen()) (*form)->Close(controls::Ending::Discard);
+    for (const auto& form : open) Discard(*form);
 }
 
 }  // namespace FX_Algen

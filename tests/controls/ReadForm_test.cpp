@@ -264,5 +264,22 @@ TEST_F(ReadForms, DiscardingEndsThemUnsavedWithTheirChildren) {
     EXPECT_THAT(display_->Messages().TakeShown(), IsEmpty());
 }
 
+TEST_F(ReadForms, DiscardingSavesNoChildWhicheverWasOpenFirst) {
+    struct Eltern : Form {
+        Eltern() : Form("frmEltern") {}
+    };
+    for (const bool parentFirst : {true, false}) {
+        auto parent = parentFirst ? controls::OpenForms().Load<Eltern>() : nullptr;
+        const auto child = Shown();
+        if (!parent) parent = controls::OpenForms().Load<Eltern>();
+        child->Parent(parent);
+        child->Speicherbar = false;
+        DiscardForms();
+        EXPECT_FALSE(child->IsOpen());
+        EXPECT_FALSE(parent->IsOpen());
+        EXPECT_EQ(child->Gespeichert, 0);
+    }
+}
+
 }  // namespace
 }  // namespace FX_Algen::controls::test
