@@ -338,6 +338,59 @@ TEST_F(AutomateSheets, KeysMoveTheCursorAndSaveTheRow) {
         -32602);
 }
 
+TEST_F(AutomateSheets, HeldKeysAreHeld) {
+    // End stays in its row, Ctrl+End goes to the last one.
+    EXPECT_TRUE(talk_.Act(Sheet, "vsfgAlgenArt", "key", Cell(3, 8, "key", "End")));
+    EXPECT_EQ(entry_.Row(), 3);
+    EXPECT_TRUE(talk_.Act(Sheet, "vsfgAlgenArt", "key", {{"key", "End"}, {"ctrl", true}}));
+    EXPECT_EQ(entry_.Row(), entry_.Taxa()["rows"].get<int>() - 1);
+    // Alt with an arrow is no move.
+    EXPECT_FALSE(talk_.Act(Sheet, "vsfgAlgenArt", "key", {{"key", "Up"}, {"alt", true}}));
+    // Enter alone would open the picker.
+    EXPECT_TRUE(talk_.Act(Sheet, "vsfgAlgenArt", "cell", Cell(3, 8, "value", 3.5)));
+    EXPECT_TRUE(talk_.Act(Sheet, "vsfgAlgenArt", "key", {{"key", "Enter"}, {"shift", true}}));
+    EXPECT_EQ(Covers(), "[[3.5]]");
+    EXPECT_EQ(talk_.Result("form.list").size(), 1U);
+}
+
+TEST_F(AutomateSheets, EntriesAreChosenByTextOrPlace) {
+    entry_.Act("cmdArtNeu", "click");
+    const auto entries = talk_.Control("frmArtAuswahl", "cboGattung")["entries"];
+    ASSERT_GT(entries.size(), 5U);
+    struct {
+        const char* Action;
+        Json More;
+        int Chosen;
+    } const cases[] = {
+        {"set", {{"entry", 3}}, 3},
+        {"set", {{"index", 1}}, 1},
+        {"set", {{"entry", entries[4]}}, 4},
+        {"select", {{"text", entries[2]}}, 2},
+        {"select", {{"value", entries[5]}}, 5},
+    };
+    for (const auto& c : cases) {
+        EXPECT_TRUE(talk_.Act("frmArtAuswahl", "cboGattung", c.Action, c.More)) << talk_.Reason();
+        EXPECT_EQ(talk_.Control("frmArtAuswahl", "cboGattung")["index"], c.Chosen) << c.More;
+    }
+}
+
+TEST_F(AutomateSheets, ClosingTheDatabaseClosesTheFormsThatCanSave) {
+    talk_.Result("object.set", {{"object", 1}, {"members", {{"TeilraumID", 25}}}});
+    talk_.Result("object.call", {{"object", 1}, {"operation", "ProbenstelleSeston_Show"}});
+    ASSERT_EQ(talk_.Result("form.list").size(), 2U);
+    EXPECT_TRUE(talk_.Act("frmProbenstelleSeston", "vsfgAlgenArt", "cell", Cell(1, 6, "text", "Blüte")));
+    EXPECT_TRUE(talk_.Act(Sheet, "vsfgAlgenArt", "cell", Cell(3, 8, "value", 3.5)));
+    talk_.Result("database.execute",
+                 {{"database", 1}, {"sql", "DELETE * FROM awaArtPrStelle WHERE ID_PS=2;"}});
+    const auto refused = talk_.Ask("database.close", {{"database", 1}});
+    EXPECT_EQ(CodeOf(refused), -32000) << refused;
+    EXPECT_THAT(MessageOf(refused), HasSubstr("in frmProbenstelle could"));
+    const auto open = talk_.Result("form.list");
+    ASSERT_EQ(open.size(), 1U) << open;
+    EXPECT_EQ(open[0]["form"], Sheet);
+    EXPECT_EQ(Stored("SELECT Zusatz FROM sesArtPrStelle WHERE Zusatz='Blüte';"), R"([["Blüte"]])");
+}
+
 TEST_F(AutomateSheets, KeyboardAloneEntersAFinding) {
     const auto key = [this](const char* form, const char* name) {
         EXPECT_TRUE(talk_.Act(form, "", "key", {{"key", name}})) << form << " " << name << talk_.Reason();

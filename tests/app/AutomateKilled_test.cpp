@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <tuple>
+
 #include "DemoFixture.h"
 #include "DemoSample.h"
 #include "FX_Algen/Texts.h"
@@ -98,6 +100,75 @@ TEST_F(KilledProgram, HasStoredACoverThatWasLeft) {
     after[0] = before[0];
     EXPECT_EQ(after, before);
 }
+
+/// What a person does last, and what the database must hold although the program ends there.
+struct LastDeed {
+    const char* Name;
+    /// Control, action and what it needs.
+    std::vector<std::tuple<std::string, std::string, Json>> Deeds;
+    std::string Sql;
+    std::string Stored;
+};
+
+void PrintTo(const LastDeed& deed, std::ostream* out) { *out << deed.Name; }
+
+class KilledAfter : public KilledProgram, public testing::WithParamInterface<LastDeed> {};
+
+TEST_P(KilledAfter, HasStoredIt) {
+    ASSERT_THAT(Lines(Open(), GetParam().Sql), testing::Not(testing::ElementsAre(GetParam().Stored)));
+    {
+        Program program;
+        SampleEntry entry(program, Language::German);
+        entry.OpenAlgae(path_, Subhabitat, "");
+        for (const auto& [control, action, more] : GetParam().Deeds) entry.Act(control, action, more);
+        program.Kill();
+    }
+    EXPECT_THAT(Lines(Open(), GetParam().Sql), testing::ElementsAre(GetParam().Stored));
+}
+
+// Row 1 of the stands is "Krustige Blaualgen", ID_TR_MI 1; row 3 of the taxa Hildenbrandia rivularis, ID_ART
+// 18, a macroalga.
+INSTANTIATE_TEST_SUITE_P(
+    Algae, KilledAfter,
+    testing::Values(LastDeed{"NameOfTheSite",
+                             {{"txtPSBez", "set", {{"text", "Größe"}}},
+                              {"txtDG_Makro", "enter", Json::object()}},
+                             "SELECT PSBez FROM awaPrStelle WHERE ID_TR=1;",
+                             "Größe"},
+                    LastDeed{"StandLeftForAnotherOne",
+                             {{"vsfgAlgenTL_MI", "cell", {{"row", 1}, {"col", 3}, {"text", "Ölfilm"}}},
+                              {"vsfgAlgenTL_MI", "select", {{"row", 2}, {"col", 3}}}},
+                             "SELECT MI_Bez FROM awaTeilraum_MI WHERE ID_TR_MI=1;",
+                             "Ölfilm"},
+                    LastDeed{"StandLeftForAnotherControl",
+                             {{"vsfgAlgenTL_MI", "cell", {{"row", 1}, {"col", 6}, {"text", "0,75"}}},
+                              {"txtPSBez", "enter", Json::object()}},
+                             "SELECT SD_MI FROM awaTeilraum_MI WHERE ID_TR_MI=1;",
+                             "0.75"},
+                    LastDeed{"NewStand",
+                             {{"cmdAlgenMI_Hinzufuegen", "click", Json::object()}},
+                             "SELECT COUNT(*) AS N FROM awaTeilraum_MI WHERE ID_TR=1;",
+                             "3"},
+                    LastDeed{"RowLeftForAField",
+                             {{"vsfgAlgenArt", "cell", {{"row", 3}, {"col", 9}, {"text", "0,75"}}},
+                              {"txtPSBez", "enter", Json::object()}},
+                             "SELECT SD_MA FROM awaArtPrStelle WHERE ID_PS=1 AND ID_ART=18;",
+                             "0.75"},
+                    LastDeed{"RowLeftByAKey",
+                             {{"vsfgAlgenArt", "cell", {{"row", 3}, {"col", 9}, {"text", "0,75"}}},
+                              {"vsfgAlgenArt", "key", {{"key", "Shift+Enter"}}}},
+                             "SELECT SD_MA FROM awaArtPrStelle WHERE ID_PS=1 AND ID_ART=18;",
+                             "0.75"},
+                    LastDeed{"RowLeftForTheFocusOfNothing",
+                             {{"vsfgAlgenArt", "cell", {{"row", 3}, {"col", 4}, {"value", true}}},
+                              {"vsfgAlgenArt", "leave", Json::object()}},
+                             "SELECT CF FROM awaArtPrStelle WHERE ID_PS=1 AND ID_ART=18;",
+                             "-1"},
+                    LastDeed{"RowLeftForANewTaxon",
+                             {{"vsfgAlgenArt", "cell", {{"row", 3}, {"col", 8}, {"text", "4,5"}}},
+                              {"cmdArtNeu", "click", Json::object()}},
+                             "SELECT DG_MA FROM awaArtPrStelle WHERE ID_PS=1 AND ID_ART=18;",
+                             "4.5"}));
 
 TEST_F(KilledProgram, LosesNoMoreThanTheRowInWhichItWas) {
     const auto before = RowsOf(Open());
