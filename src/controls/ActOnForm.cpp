@@ -266,7 +266,10 @@ constexpr std::array Entries{
 const Entry& EntryOf(const std::string& action) {
     for (const auto& entry : Entries)
         if (entry.Name == action) return entry;
-    throw Error(ErrorNumber::TypeMismatch, "There is no action '" + action + "' on forms.");
+    std::string known;
+    for (const auto& entry : Entries) known += (known.empty() ? "" : ", ") + std::string(entry.Name);
+    throw Error(ErrorNumber::TypeMismatch,
+                "There is no action '" + action + "' on forms. There are " + known + ".");
 }
 
 /// Names of controls that may have been meant: the members of an array whose name was given without a number.
@@ -284,8 +287,7 @@ std::string Meant(const controls::Form& form, const std::string& name) {
 }  // namespace
 
 ActionResult ActOnForm(const std::string& form, const FormAction& action) {
-    const auto found = controls::OpenForms().Find(form);
-    if (!found) throw Error(ErrorNumber::TypeMismatch, "No form '" + form + "' is open.");
+    const auto found = controls::OpenForms().Needed(form);
     const auto& entry = EntryOf(action.Action);
     Control* control = nullptr;
     if (!action.Control.empty()) {

@@ -1,7 +1,9 @@
 #include "controls/OpenForms.h"
 
 #include <algorithm>
+#include <string>
 
+#include "FX_Algen/Error.h"
 #include "store/TextOrder.h"
 #include "store/ThreadValues.h"
 
@@ -11,6 +13,13 @@ std::shared_ptr<Form> OpenFormList::Find(std::string_view name) const {
     for (const auto& form : forms_)
         if (store::CompareCaseBlind(form->Name(), name) == 0) return form;
     return nullptr;
+}
+
+std::shared_ptr<Form> OpenFormList::Needed(std::string_view name) const {
+    if (auto found = Find(name)) return found;
+    std::string open;
+    for (const auto& form : forms_) open += (open.empty() ? "; open: " : ", ") + form->Name();
+    throw Error(ErrorNumber::TypeMismatch, "No form '" + std::string(name) + "' is open" + open + ".");
 }
 
 std::vector<std::shared_ptr<Form>> OpenFormList::ChildrenOf(const Form& form) const {

@@ -16,6 +16,8 @@ public:
     const std::vector<std::shared_ptr<Form>>& All() const noexcept { return forms_; }
     /// The form with the name, without regard to case; nullptr where none is open.
     std::shared_ptr<Form> Find(std::string_view name) const;
+    /// The same; 13 where none is open, which names those that are.
+    std::shared_ptr<Form> Needed(std::string_view name) const;
     /// The one form of the type; nullptr where it is not open.
     template <class T>
     std::shared_ptr<T> Find() const {

@@ -139,8 +139,7 @@ std::vector<OpenForm> OpenForms() {
 }
 
 FormState ReadForm(const std::string& form, std::optional<std::pair<int, int>> rows) {
-    const auto found = controls::OpenForms().Find(form);
-    if (!found) throw Error(ErrorNumber::TypeMismatch, "No form '" + form + "' is open.");
+    const auto found = controls::OpenForms().Needed(form);
     if (rows && (rows->first < 0 || rows->second < rows->first))
         throw Error(ErrorNumber::TypeMismatch, "The rows " + std::to_string(rows->first) + " to " +
                                                    std::to_string(rows->second) + " are no range.");

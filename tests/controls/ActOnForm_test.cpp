@@ -379,6 +379,7 @@ INSTANTIATE_TEST_SUITE_P(
                     WrongAction{"CMDPrStelle", "click", "no control 'CMDPrStelle', but cmdPrStelle(4)."},
                     WrongAction{"cmdZu", "streichle", "no action 'streichle'"},
                     WrongAction{"cmdZu", "", "no action ''"},
+                    WrongAction{"cmdZu", "streichle", "There are click, dblclick, set,"},
                     WrongAction{"cmdZu", "Click", "no action 'Click'"}));
 
 INSTANTIATE_TEST_SUITE_P(
@@ -508,10 +509,22 @@ TEST_F(ActOnForms, UnknownKeysFail) {
     EXPECT_EQ(form->txtName.Text(), "");
 }
 
-TEST_F(ActOnForms, FormThatIsNotOpenFails) {
-    FormAction action;
-    action.Action = "close";
-    EXPECT_THROW(ActOnForm("frmÄhre", action), Error);
+TEST_F(ActOnForms, FormThatIsNotOpenFailsAndNamesThoseThatAre) {
+    const auto said = [](const auto& what) {
+        try {
+            what();
+        } catch (const Error& error) {
+            EXPECT_EQ(error.Number(), ErrorNumber::TypeMismatch);
+            return error.Description();
+        }
+        return std::string();
+    };
+    const auto act = [] { ActOnForm("frmÄhre", On("", "close")); };
+    const auto read = [] { ReadForm("frmÄhre"); };
+    EXPECT_EQ(said(act), "No form 'frmÄhre' is open; open: frmMuster.");
+    EXPECT_EQ(said(read), "No form 'frmÄhre' is open; open: frmMuster.");
+    form->Close();
+    EXPECT_EQ(said(act), "No form 'frmÄhre' is open.");
 }
 
 }  // namespace
