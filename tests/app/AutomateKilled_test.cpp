@@ -199,6 +199,18 @@ TEST_F(KilledProgram, EndOfTheInputSavesTheRowInWhichItWas) {
     EXPECT_EQ(RowsOf(Open()), WithValves(before, "4711"));
 }
 
+TEST_F(KilledProgram, HostThatEndsWithoutReadingLosesNothing) {
+    const auto before = RowsOf(Open());
+    Program program;
+    SampleEntry entry(program, Language::German);
+    entry.OpenAlgae(path_, Subhabitat, "");
+    const auto line = LineOf(1, Cell(RowOf(entry.Taxa(), "30"), ColumnValves, "text", "4711"));
+    program.StopReading();
+    program.Send(line);
+    EXPECT_EQ(program.Finish(), 1);
+    EXPECT_EQ(RowsOf(Open()), WithValves(before, "4711"));
+}
+
 /// The number of answers after which the program is killed, the next request being under way.
 class KilledInABurst : public KilledProgram, public testing::WithParamInterface<int> {};
 

@@ -32,10 +32,20 @@ Program::Program() : formerSignal_(std::signal(SIGPIPE, SIG_IGN)) {
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, in[0], STDIN_FILENO);
     posix_spawn_file_actions_adddup2(&actions, out[1], STDOUT_FILENO);
+    // The program begins as under any host, not with the signals of the tests.
+    posix_spawnattr_t attributes;
+    posix_spawnattr_init(&attributes);
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGPIPE);
+    posix_spawnattr_setsigdefault(&attributes, &signals);
+    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
     std::string program = FX_ALGEN_PROGRAM;
     std::string command = "automate";
     const std::array<char*, 3> arguments{program.data(), command.data(), nullptr};
-    const int failed = posix_spawn(&process_, program.c_str(), &actions, nullptr, arguments.data(), environ);
+    const int failed =
+        posix_spawn(&process_, program.c_str(), &actions, &attributes, arguments.data(), environ);
+    posix_spawnattr_destroy(&attributes);
     posix_spawn_file_actions_destroy(&actions);
     close(in[0]);
     close(out[1]);

@@ -24,6 +24,8 @@ public:
     std::string Read();
     /// Ends it as a power cut of the process would: nothing of it runs any more.
     void Kill();
+    /// Nothing that it writes from now on is read: its writing fails.
+    void StopReading() { out_.reset(); }
     /// Ends its input and waits for its end; the exit code, -1 where a signal ended it.
     int Finish();
 

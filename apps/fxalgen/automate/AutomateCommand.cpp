@@ -1,9 +1,24 @@
+#include <csignal>
+
 #include "fxalgen/Commands.h"
 #include "fxalgen/automate/Automate.h"
 
 namespace FX_Algen::cli {
 
 namespace {
+
+/// A host that ends without reading the last answer must not take with it what was typed: writing to it is a
+/// failed write, after which the forms are saved and closed.
+class NoEndByWriting {
+public:
+    NoEndByWriting() : former_(std::signal(SIGPIPE, SIG_IGN)) {}
+    ~NoEndByWriting() { std::signal(SIGPIPE, former_); }
+    NoEndByWriting(const NoEndByWriting&) = delete;
+    NoEndByWriting& operator=(const NoEndByWriting&) = delete;
+
+private:
+    void (*former_)(int);
+};
 
 class AutomateCommand : public Command {
 public:
@@ -20,6 +35,7 @@ public:
     }
     void Arguments(CLI::App&) override {}
     Exit Execute(Streams& streams) override {
+        const NoEndByWriting writing;
         return Automate(streams.In, streams.Out, streams.Err) == 0 ? Exit::Done : Exit::Failed;
     }
 };
