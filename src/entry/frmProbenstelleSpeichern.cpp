@@ -91,7 +91,10 @@ void frmProbenstelle::Zeile_Anzeigen(int row) {
     for (int col = SpalteDG_MA; col <= SpalteMakrophyten(); ++col) {
         const double zahl = liste.Number(row, col).value_or(0);
         const double stand = IstBestandsspalte(col) ? std::fabs(zahl) : zahl;
-        liste.Text(row, col, controls::ShownAboveZero(store::Value(stand), Sprache()));
+        // Covers and shares are kept in 32 bits, valves as whole numbers.
+        const auto gespeichert =
+            col == SpalteSchalen() ? store::Value(stand) : store::Value(static_cast<float>(stand));
+        liste.Text(row, col, controls::ShownAboveZero(gespeichert, Sprache()));
     }
 }
 

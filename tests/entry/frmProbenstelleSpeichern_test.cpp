@@ -86,6 +86,38 @@ TEST_F(AlgaeSheetSaving, StoresANegativeShareAsPositiveAndRemovesAnEmptiedOne) {
     EXPECT_EQ(Taxa().Text(Zeile(2), MI1), "60");
 }
 
+TEST_F(AlgaeSheetSaving, ShowsAndAddsUpWhatTheColumnsHold) {
+    Offen();
+    const int row = Zeile(2);
+    EXPECT_TRUE(Person().EditCell(Taxa(), row, DG_MA, "33,3333333333"));
+    EXPECT_TRUE(Person().EditCell(Taxa(), row, MI1, "-49,99499999999"));
+    EXPECT_TRUE(Person().EditCell(Taxa(), Zeile(1), MI1, "50"));
+    EXPECT_TRUE(Person().EditCell(Taxa(), Zeile(3), Schalen, "123456789"));
+    EXPECT_TRUE(Person().Leave());
+    const auto gezeigt = [this] {
+        return Text(Zeile(2), DG_MA, MI1) + " " + Taxa().Text(Zeile(3), Schalen) + " " +
+               Taxa().Text(Taxa().Rows() - 1, MI1);
+    };
+    // Covers and shares have 7 digits: 33.33333, and 49.99499999999 is 49.995. That and 50 make 100 in 2
+    // decimals. Valves are whole numbers and keep theirs.
+    EXPECT_EQ(gezeigt(), "33,33333||49,995 123456789 100");
+    bogen->GridAlgenArt_Init();
+    EXPECT_EQ(gezeigt(), "33,33333||49,995 123456789 100");
+}
+
+TEST_F(AlgaeSheetSaving, WritesTheRowBeforeItsShares) {
+    Offen();
+    EXPECT_TRUE(Person().EditCell(Taxa(), Zeile(3), Schalen, "400"));
+    datei.Datenbank()->Execute("DELETE * FROM awaArtPrStelle WHERE ID_Art=3;");
+    auto tabellen = datei.Datenbank()->TableDefs();
+    tabellen.Delete("awaArtPrStelle_MI");
+    EXPECT_FALSE(Person().Leave());
+    const auto boxen = Boxen();
+    ASSERT_EQ(boxen.size(), 1U);
+    // The first statement is the one that fails.
+    EXPECT_TRUE(boxen[0].starts_with("Algen - Probenstelle|3021 - ")) << boxen[0];
+}
+
 TEST_F(AlgaeSheetSaving, MovesRowAndSharesToTheNewCf) {
     Teilraum();
     Bestaende();
