@@ -38,13 +38,16 @@ void frmProbenstelle::cmdArtAendern_Click() {
 }
 
 void frmProbenstelle::cmdArtLoeschen_Click() {
+    if (!SaveRows()) return;
+    // Not before: saving may have moved the rows, and the cursor with its taxon.
     const int row = vsfgAlgenArt.Row();
-    if (!SaveRows() || !IstTaxazeile(row)) return;
+    if (!IstTaxazeile(row)) return;
     const auto art = ID_ArtDerZeile(row);
     const bool cf = vsfgAlgenArt.Checked(row, SpalteCF);
+    // From behind: what a name holds must not be taken for the next place holder.
     const auto frage = Allgemein::Str_Ersetzen(
-        Allgemein::Str_Ersetzen(Text(ArtLoeschenFrage), "|", vsfgAlgenArt.Text(row, SpalteGattung), true),
-        "~", vsfgAlgenArt.Text(row, SpalteArt), true);
+        Allgemein::Str_Ersetzen(Text(ArtLoeschenFrage), "~", vsfgAlgenArt.Text(row, SpalteArt), true), "|",
+        vsfgAlgenArt.Text(row, SpalteGattung), true);
     if (Box(frage, store::Buttons::YesNo, store::Symbol::Question) != store::Answer::Yes) return;
     // Shares that went without their taxon would be findings lost where the second statement fails.
     store::Savepoint zusammen(datenbank_->SharedConnection());
