@@ -292,6 +292,7 @@ TEST_F(AlgaeSheetEntry, SetsCfWithSpaceFromACellThatTabOpened) {
     ASSERT_TRUE(Taxa().IsEditing());
     EXPECT_TRUE(Person().Key({"Space"}));
     EXPECT_TRUE(Taxa().Checked(row, CF));
+    EXPECT_TRUE(Taxa().IsEditing());
     EXPECT_EQ(Taxa().Text(row, MI1), "");
     // The share is typed on, before and behind the mark.
     for (const auto* taste : {"3", "7", "Space", "Tab", "5", " ", "Tab"}) EXPECT_TRUE(Person().Key({taste}));
