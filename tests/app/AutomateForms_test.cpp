@@ -182,8 +182,9 @@ INSTANTIATE_TEST_SUITE_P(
             "form.act", {{"form", "x"}, {"action", "set"}, {"größe", 1}}, "no parameter 'größe'"},
         WrongFormRequest{"form.act", {{"form", "x"}, {"action", "set"}, {"control", 4}}, "control: a text"},
         WrongFormRequest{"form.act", {{"form", "x"}, {"action", "set"}, {"text", true}}, "text: a text"},
-        WrongFormRequest{
-            "form.act", {{"form", "x"}, {"action", "set"}, {"value", nullptr}}, "value: a text, a number"},
+        WrongFormRequest{"form.act",
+                         {{"form", "x"}, {"action", "set"}, {"value", Json::array()}},
+                         "value: a text, a number"},
         WrongFormRequest{"form.act", {{"form", "x"}, {"action", "set"}, {"entry", true}}, "entry: a 32-bit"},
         WrongFormRequest{"form.act", {{"form", "x"}, {"action", "cell"}, {"row", "3"}}, "row: a 32-bit"},
         WrongFormRequest{
@@ -436,6 +437,19 @@ TEST_F(AutomateSheets, ParametersMayBeAListInOrder) {
     EXPECT_EQ(talk_.Result("form.act", Json::array({Sheet, "txtAlgenGesamt", "set", "66"})),
               (Json{{"taken", true}}));
     EXPECT_EQ(talk_.Control(Sheet, "txtAlgenGesamt")["text"], "66");
+}
+
+TEST_F(AutomateSheets, WhatIsNullWasLeftOut) {
+    // form, control, action, text, value, entry, row, col
+    EXPECT_EQ(
+        talk_.Result("form.act", Json::array({Sheet, "vsfgAlgenArt", "cell", nullptr, 3.5, nullptr, 3, 8})),
+        (Json{{"taken", true}}));
+    EXPECT_TRUE(talk_.Act(Sheet, "vsfgAlgenArt", "leave"));
+    EXPECT_EQ(Covers(), "[[3.5]]");
+    const auto state = talk_.Result("form.state", {{"form", Sheet}, {"rows", nullptr}});
+    EXPECT_FALSE(state["controls"].empty());
+    // What a method needs cannot be left out.
+    EXPECT_EQ(CodeOf(talk_.Ask("form.state", {{"form", nullptr}})), -32602);
 }
 
 TEST_F(AutomateSheets, ClosingTheDatabaseSavesAndClosesItsSheet) {

@@ -122,7 +122,8 @@ private:
         return methods;
     }
 
-    /// Parameters by name, whether they came so or as a list in order.
+    /// Parameters by name, whether they came so or as a list in order. One that may be left out and is null
+    /// was left out: many a host writes it so, and a list cannot pass over it otherwise.
     static Json Named(const Method& method, const Json& given) {
         Json out = Json::object();
         if (given.is_array()) {
@@ -139,10 +140,13 @@ private:
             for (const auto& parameter : method.Parameters) known = known || parameter.Name == name;
             if (!known) throw Failure(Code::InvalidParams, method.Name + " has no parameter '" + name + "'.");
         }
-        for (const auto& parameter : method.Parameters)
+        for (const auto& parameter : method.Parameters) {
+            if (!parameter.Required && out.contains(parameter.Name) && out[parameter.Name].is_null())
+                out.erase(parameter.Name);
             if (parameter.Required && !out.contains(parameter.Name))
                 throw Failure(Code::InvalidParams,
                               method.Name + ": the parameter '" + parameter.Name + "' is missing.");
+        }
         return out;
     }
 
