@@ -161,6 +161,7 @@ TEST_F(AlgaeSheetStands, ShowANewNameInTheHeadOnceTheRowIsWritten) {
     Anteil(32, 2, "40");
     ASSERT_TRUE(Oeffnen());
     EXPECT_TRUE(Person().SelectCell(Taxa(), Zeile(3), Schalen));
+    Taxa().TopRow(4);
     EXPECT_TRUE(Person().EditCell(Stand(), 2, BezCol, "Häutchen d'Or"));
     EXPECT_EQ(Taxa().Text(0, MI2), "Häutchen");
     EXPECT_TRUE(Person().Enter(bogen->txtPSBez));
@@ -168,6 +169,7 @@ TEST_F(AlgaeSheetStands, ShowANewNameInTheHeadOnceTheRowIsWritten) {
     EXPECT_EQ(Gespeichert()[1], "32|17|Häutchen d'Or|10|10");
     EXPECT_EQ(Taxa().Row(), Zeile(3));
     EXPECT_EQ(Taxa().Col(), Schalen);
+    EXPECT_EQ(Taxa().TopRow(), 4);
 }
 
 TEST_F(AlgaeSheetStands, ReorderBothListsWhenAPositionChanges) {

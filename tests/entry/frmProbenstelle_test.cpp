@@ -185,6 +185,7 @@ TEST_F(AlgaeSheetOpening, ShowsTheKeysInDebugModeAloneAndNeverTakesThem) {
     bogen->DebugModus(true);
     EXPECT_TRUE(bogen->txtID_PS.Visible());
     EXPECT_TRUE(bogen->txtID_TLR.Visible());
+    EXPECT_FALSE(bogen->txtReturn.Visible());
     EXPECT_FALSE(Person().SetText(bogen->txtID_PS, "6"));
 }
 
