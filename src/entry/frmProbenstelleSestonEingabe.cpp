@@ -23,6 +23,9 @@ void frmProbenstelleSeston::Liste_Verdrahten() {
     vsfgAlgenArt.OnAfterEdit = [this](int zeile, int spalte) { Eingabe_Nachtragen(zeile, spalte); };
     vsfgAlgenArt.OnBeforeRowLeave = [this](int zeile) { return Zeile_Verlassen(zeile); };
     vsfgAlgenArt.EnterGoesOn = true;
+    vsfgAlgenArt.KeyPassesEdit = [this](const controls::KeyPress& taste) {
+        return GehtAnDieListe(vsfgAlgenArt, taste);
+    };
     vsfgAlgenArt.OnKey = [this](const controls::KeyPress& taste) { return Taste(taste); };
 }
 
@@ -81,14 +84,17 @@ bool frmProbenstelleSeston::Taste(const controls::KeyPress& taste) {
         if (vsfgAlgenArt.LeaveRow() && !taste.Shift) Art_Waehlen(Auswahlmodus::Neu);
         return true;
     }
-    if (taste.Name == "Delete" && !vsfgAlgenArt.IsEditing()) {
+    if (taste.Name == "Delete") {
         Art_Loeschen();
         return true;
     }
-    if ((taste.Name == "Space" || taste.Name == " ") && !vsfgAlgenArt.IsEditing() && Hat_Taxon(zeile)) {
+    if ((taste.Name == "Space" || taste.Name == " ") && Hat_Taxon(zeile)) {
         const int spalte = vsfgAlgenArt.Col();
-        vsfgAlgenArt.Toggle(zeile, SestonSpalten::CF);
+        const bool offen = vsfgAlgenArt.IsEditing();
+        const bool gesetzt = vsfgAlgenArt.Toggle(zeile, SestonSpalten::CF);
         vsfgAlgenArt.Select(zeile, spalte);
+        // Who went on with Tab goes on typing where the cell was open.
+        if (offen && gesetzt) vsfgAlgenArt.StartEdit();
         return true;
     }
     return Weitergehen(vsfgAlgenArt, taste);

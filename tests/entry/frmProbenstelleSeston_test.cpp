@@ -404,6 +404,29 @@ TEST_F(Sestoneingabe, SpaceFlipsCfAndLeavesTheCursorWhereItIs) {
     EXPECT_THAT(Funde(), ElementsAre("12cf 5 alt", "14 1 Null"));
 }
 
+TEST_F(Sestoneingabe, SpaceFlipsCfFromANumberThatTheArrowsOpened) {
+    Input person(*bogen);
+    ASSERT_TRUE(person.SelectCell(Liste(), 1, Zusatz));
+    for (const auto* taste : {"Left", "7", "Space"}) ASSERT_TRUE(person.Key({taste}));
+    EXPECT_TRUE(Liste().Checked(1, CF));
+    EXPECT_EQ(Liste().Text(1, Abundanz), "7");
+    EXPECT_EQ(Liste().Col(), Abundanz);
+    EXPECT_TRUE(Liste().IsEditing());
+    ASSERT_TRUE(bogen->SaveRows());
+    EXPECT_THAT(Funde(), ElementsAre("12cf 7 alt", "14 1 Null"));
+}
+
+TEST_F(Sestoneingabe, DeleteAsksForTheTaxonFromAnOpenCellUntilSomethingIsTyped) {
+    Input person(*bogen);
+    ASSERT_TRUE(person.SelectCell(Liste(), 1, Abundanz));
+    for (const auto* taste : {"Tab", "ö", "Delete"}) ASSERT_TRUE(person.Key({taste}));
+    EXPECT_THAT(Boxen(), IsEmpty());
+    EXPECT_EQ(Liste().EditText(), "ö");
+    for (const auto* taste : {"Left", "Delete"}) ASSERT_TRUE(person.Key({taste}));
+    EXPECT_THAT(Boxen(), ElementsAre(Titel + "Art Keratella cochlearis wirklich löschen?"));
+    EXPECT_THAT(Funde(), ElementsAre("12 5 ö", "14 1 Null"));
+}
+
 TEST_F(Sestoneingabe, SpaceInAnOpenRemarkIsABlank) {
     Input person(*bogen);
     ASSERT_TRUE(person.SelectCell(Liste(), 1, Zusatz));
