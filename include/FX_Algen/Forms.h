@@ -91,7 +91,7 @@ struct FormAction {
 };
 
 /// Whether the form took what a person did. A disabled button, a locked field, a hidden control take nothing,
-/// and so does any control while a handler still runs; that is no failure.
+/// and so does any control while a handler or an operation of the host still runs; that is no failure.
 struct ActionResult {
     bool Taken = true;
     std::string Reason;  ///< English, why not; empty where it was taken
