@@ -87,6 +87,9 @@ std::string ShownNumber(const store::Value& value, std::int16_t Sprache) {
     if (value.IsNull()) return {};
     // Texts and dates are no numbers: they show as they are.
     if (value.kind() == store::Kind::Text || value.kind() == store::Kind::Date) return value.Text();
+    // All digits of a float: what a row shows is written back with the row, cells that nobody touched
+    // included.
+    if (value.kind() == store::Kind::R4) return InLanguage(store::ExactText(value.R4()), Sprache);
     return InLanguage(value.Text(), Sprache);
 }
 

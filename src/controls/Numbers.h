@@ -15,7 +15,7 @@ namespace FX_Algen::controls {
 /// number is too large for a 64-bit float.
 std::optional<double> ReadNumber(std::string_view text);
 
-/// A number as it is shown: the fewest digits that read back the same (of a 32-bit float at most 7), comma as
+/// A number as it is shown: the fewest digits that read back the same (of a 32-bit float at most 9), comma as
 /// decimal mark in German, point in other languages, never in exponent form. Null is an empty text; texts and
 /// dates show as they are.
 std::string ShownNumber(const store::Value& value, std::int16_t Sprache);

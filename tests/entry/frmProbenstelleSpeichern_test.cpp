@@ -98,11 +98,26 @@ TEST_F(AlgaeSheetSaving, ShowsAndAddsUpWhatTheColumnsHold) {
         return Text(Zeile(2), DG_MA, MI1) + " " + Taxa().Text(Zeile(3), Schalen) + " " +
                Taxa().Text(Taxa().Rows() - 1, MI1);
     };
-    // Covers and shares have 7 digits: 33.33333, and 49.99499999999 is 49.995. That and 50 make 100 in 2
-    // decimals. Valves are whole numbers and keep theirs.
-    EXPECT_EQ(gezeigt(), "33,33333||49,995 123456789 100");
+    // Covers and shares have 32 bits: the nearest to 33.3333333333 is 33.3333321, and 33.333332 reads back as
+    // that; the nearest to 49.99499999999 is that of 49.995. That and 50 make 100 in 2 decimals. Valves are
+    // whole numbers and keep theirs.
+    EXPECT_EQ(gezeigt(), "33,333332||49,995 123456789 100");
     bogen->GridAlgenArt_Init();
-    EXPECT_EQ(gezeigt(), "33,33333||49,995 123456789 100");
+    EXPECT_EQ(gezeigt(), "33,333332||49,995 123456789 100");
+}
+
+TEST_F(AlgaeSheetSaving, LeavesTheDigitsOfCellsThatNobodyTouched) {
+    Teilraum();
+    Bestaende();
+    VierArten();
+    // 33.333332 is the float above 33.33333, so a row that is written back must know all its digits.
+    Fuellen("UPDATE awaArtPrStelle SET SD_MA=33.333332 WHERE ID_Art=2;");
+    const std::string verschoben = "SELECT ID_Art FROM awaArtPrStelle WHERE ID_Art=2 AND SD_MA>33.333331;";
+    ASSERT_FALSE(datei.Datenbank()->OpenRecordset(verschoben)->Eof());
+    ASSERT_TRUE(Oeffnen());
+    EXPECT_TRUE(Person().EditCell(Taxa(), Zeile(2), DG_MA, "5"));
+    EXPECT_TRUE(Person().Leave());
+    EXPECT_FALSE(datei.Datenbank()->OpenRecordset(verschoben)->Eof());
 }
 
 TEST_F(AlgaeSheetSaving, WritesTheRowBeforeItsShares) {
