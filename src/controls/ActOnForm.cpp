@@ -149,10 +149,18 @@ Taken DblClick(const Deed& deed) {
     return deed.Person().DblClick(deed.On());
 }
 
+/// A host's answer to a form comes without a person: no focus is moved for it, nothing is left.
+Taken Answer(controls::TextBox& field, const std::string& text) {
+    if (controls::Input::Busy()) return {false, "A handler of a form still runs, or a box is open."};
+    field.Text(text);
+    return {};
+}
+
 Taken Set(const Deed& deed) {
     if (auto* box = deed.As<controls::CheckBox>()) return deed.Person().SetValue(*box, deed.Value());
     if (MeansEntry(deed)) return ChooseEntry(deed);
     auto& field = deed.Needed<controls::TextBox>();
+    if (field.HostsWrite) return Answer(field, deed.Text());
     return deed.Person().SetText(field, deed.Text());
 }
 

@@ -82,6 +82,7 @@ public:
     std::function<void()> OnChange;  ///< whoever changed the text
 
     bool MultiLine = false;
+    bool HostsWrite = false;  ///< hidden, but open to a host: what works for the sheet outside answers here
     bool Numeric = false;  ///< shows numbers: aligned right
 
 protected:

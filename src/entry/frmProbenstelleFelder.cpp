@@ -118,6 +118,7 @@ void frmProbenstelle::Reihenfolge_Einrichten() {
     txtID_PS.Locked(true);
     txtID_TLR.Locked(true);
     txtReturn.Visible(false);
+    txtReturn.HostsWrite = true;
     txtReturn.OnChange = [this] { Rueckgabe_Geaendert(); };
     cmdXLSImport.Visible(false);
     cmdPrStelle4.CausesValidation = false;

@@ -65,6 +65,7 @@ void frmProbenstelleSeston::Felder_Einrichten() {
     txtID_PS.Locked(true);
     txtID_PS.Visible(false);
     txtReturn.Visible(false);
+    txtReturn.HostsWrite = true;
     // No import brings seston; the place of the button stays.
     cmdXLSImport.Visible(false);
     int platz = 0;

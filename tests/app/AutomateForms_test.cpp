@@ -281,6 +281,19 @@ TEST_F(AutomateSheets, FieldsTakeTextsAndNumbers) {
     }
 }
 
+TEST_F(AutomateSheets, ReturningFieldTakesTheAnswerOfAnImportByAHost) {
+    const auto taxa = entry_.Taxa()["rows"].get<int>();
+    talk_.Result("database.execute", {{"database", 1},
+                                      {"sql", "INSERT INTO awaArtPrStelle (ID_PS, ID_Art, CF) VALUES (2," +
+                                                  FirstTaxon() + ",-1);"}});
+    EXPECT_TRUE(talk_.Act(Sheet, "txtReturn", "set", {{"text", "0"}}));
+    EXPECT_EQ(entry_.Taxa()["rows"], taxa);
+    EXPECT_TRUE(talk_.Act(Sheet, "txtReturn", "set", {{"text", "1"}}));
+    EXPECT_EQ(entry_.Taxa()["rows"], taxa + 1);
+    // Other hidden fields are nobody's to write.
+    EXPECT_FALSE(talk_.Act(Sheet, "txtID_PS", "set", {{"text", "1"}}));
+}
+
 TEST_F(AutomateSheets, FieldThatKeepsTheFocusSaysSoWithABox) {
     EXPECT_TRUE(talk_.Act(Sheet, "txtDG_Gesamt", "set", {{"text", "viel"}}));
     EXPECT_FALSE(talk_.Act(Sheet, "cmdArtNeu", "click"));
